@@ -1,0 +1,23 @@
+// The full-capacity structure the benchmarks run on, generated once per run by make-large-model.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace vorna::bench {
+
+// The folder holding the generated STRUTTUR.STR.
+inline const std::filesystem::path &LargeModelFolder() {
+    static const std::filesystem::path folder = [] {
+        auto dir = std::filesystem::temp_directory_path() / "vorna-bench-model";
+        std::filesystem::create_directories(dir);
+        std::string command = std::string(VORNA_LARGE_TOOL) + " " + dir.string() + " >/dev/null";
+        if (std::system(command.c_str()) != 0)
+            std::abort();
+        return dir;
+    }();
+    return folder;
+}
+
+} // namespace vorna::bench

@@ -1,0 +1,43 @@
+// Loading the full-capacity structure file, beside merely reading its lines into memory.
+#include "large_model.h"
+#include "model/load_structure.h"
+#include "platform/silent_ui.h"
+
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <memory>
+#include <vector>
+
+namespace {
+
+// The baseline: the file's lines into memory, no parsing at all.
+void BM_ReadLinesOnly(benchmark::State &state) {
+    auto path = vorna::bench::LargeModelFolder() / "STRUTTUR.STR";
+    for (auto _ : state) {
+        std::ifstream in(path, std::ios::binary);
+        std::vector<std::string> lines;
+        std::string line;
+        while (std::getline(in, line))
+            lines.push_back(line);
+        benchmark::DoNotOptimize(lines.data());
+    }
+}
+BENCHMARK(BM_ReadLinesOnly)->Unit(benchmark::kMillisecond);
+
+void BM_LoadStructure(benchmark::State &state) {
+    std::string folder = vorna::bench::LargeModelFolder().string();
+    vorna::SilentUi ui;
+    auto model = std::make_unique<vorna::StructureModel>();
+    for (auto _ : state) {
+        auto result = vorna::LoadStructure(folder, *model, ui);
+        if (result != vorna::LoadResult::Loaded || model->nodeCount != 20001)
+            state.SkipWithError("the large model did not load");
+        benchmark::DoNotOptimize(model->points.data());
+    }
+}
+BENCHMARK(BM_LoadStructure)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,95 @@
+// The command table: menu items and icon-bar keys to commands, and the handlers of the window's
+// events. One table serves the menus, the icon bar, the shortcuts and the script runner.
+#pragma once
+
+#include "app/program.h"
+
+#include <string_view>
+#include <vector>
+
+namespace vorna {
+
+using CommandHandler = void (*)(Program &);
+
+struct Command {
+    const char *menuItem;      // item name in FormVorna, e.g. "Ottimizza"
+    Control FormVorna::*item;  // the menu item
+    const char *buttonKey;     // icon-bar key running the same command, or nullptr
+    const char *shortcut;      // e.g. "Ctrl+O", or nullptr
+    CommandHandler run;
+};
+
+const std::vector<Command> &CommandTable();
+
+// Runs the command of a menu item by name, when it exists and is enabled. False otherwise.
+bool RunMenuItem(Program &program, std::string_view menuItem);
+// Runs the command of an icon-bar key, when the button is enabled; unknown keys do nothing.
+bool RunToolbarButton(Program &program, std::string_view key);
+
+// Menu and button handlers, grouped by the file that implements them.
+// view_commands.cpp
+// Projection from the angles, filters and fit, then the drawing (what every change of view,
+// filter, selection or search ends in).
+void RedrawView(Program &);
+// The drawing alone, on the current projection, filters and scale.
+void DrawStructureNow(Program &);
+void Ottimizza_Click(Program &);
+void ZoomIn_Click(Program &);
+void Sposta_Click(Program &);
+void Ridis_Click(Program &);
+void VisAssi_Click(Program &);
+void VisCoord_Click(Program &);
+void TuttoX_Click(Program &);
+void TuttoY_Click(Program &);
+void TuttoZ_Click(Program &);
+// Start-up steps of the view: the stroke font, then projection, intervals, fit and first drawing.
+void LoadFont(Program &);
+void BuildFirstView(Program &);
+// window_commands.cpp
+void Esci_Click(Program &);
+void BarraLat_Click(Program &);
+void BarraIcone_Click(Program &);
+void UpdateBaseNodeCommands(Program &);
+void LayOutForm(Program &);
+// selection_commands.cpp
+void Aggiungi_Click(Program &);
+void Rimuovi_Click(Program &);
+void RimTutto_Click(Program &);
+void Inverti_Click(Program &);
+void Interrompi_Click(Program &);
+void Finestra_Click(Program &);
+void Nome_Click(Program &);
+void SchVincolo_Click(Program &);
+void Tutto_Click(Program &);
+void Trappola_Click(Program &);
+void ColourCommand(Program &, int code);
+void PointTypeCommand(Program &, int code);
+// connection_commands.cpp
+void NodoBase_Click(Program &);
+void RimNodoBase_Click(Program &);
+void AsteNodoBase_Click(Program &);
+void EvidTipo_Click(Program &);
+// file_commands.cpp
+// Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
+void LoadConnectionInput(Program &);
+void ScriColl_Click(Program &);
+void Salva_Click(Program &);
+void SalvaGeom_Click(Program &);
+void SalvaSoll_Click(Program &);
+
+// Events of the window's controls.
+enum MouseButton { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
+// mouse.cpp: x, y in drawing units of Disegno.
+void Disegno_MouseDown(Program &, int button, int shift, double x, double y);
+void Disegno_MouseMove(Program &, int buttons, int shift, double x, double y);
+void Disegno_MouseUp(Program &, int button, int shift, double x, double y);
+void Disegno_DblClick(Program &, int button);
+void WheelZoom(Program &, int steps);
+// selection_commands.cpp: the left-button parts that belong to selection.
+void FinishWindowSelection(Program &);
+void PickAt(Program &, double x, double y);
+void Risposta_KeyDown(Program &, int keyCode);
+// connection_commands.cpp
+void LabelTipo_Click(Program &, int index);
+
+} // namespace vorna

@@ -1,0 +1,17 @@
+// Text dumps of the program's state for the script runner: one line per value, fixed order.
+#pragma once
+
+#include "app/program.h"
+
+#include <ostream>
+
+namespace vorna {
+
+void DumpFolders(const Program &program, std::ostream &out);
+void DumpOptions(const Program &program, std::ostream &out);
+void DumpModel(const Program &program, std::ostream &out);
+void DumpControls(Program &program, std::ostream &out);
+void DumpView(const Program &program, std::ostream &out);
+void DumpConnection(const Program &program, std::ostream &out);
+
+} // namespace vorna

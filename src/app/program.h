@@ -1,0 +1,55 @@
+// All the state of one run of the program: model, options, view, connection and the window
+// as data. One object per run; no globals.
+#pragma once
+
+#include "app/folders.h"
+#include "app/form_vorna.h"
+#include "connection/connection_state.h"
+#include "model/messages.h"
+#include "model/structure_model.h"
+#include "options/options.h"
+#include "platform/canvas.h"
+#include "platform/ui.h"
+#include "selection/command_state.h"
+#include "view/draw_buffers.h"
+#include "view/navigation_state.h"
+#include "view/view_state.h"
+
+#include <memory>
+#include <string>
+
+namespace vorna {
+
+struct Program {
+    Program(Ui &ui_, Canvas &disegno_, Canvas &picture1_)
+        : ui(ui_), disegno(disegno_), picture1(picture1_) {}
+
+    Ui &ui;
+    Canvas &disegno;  // the 3D view
+    Canvas &picture1; // the base-node schema
+
+    Folders folders;
+    DisplayOptions displayOptions;
+    InternalOptions internalOptions;
+    MessageCatalogue messages;
+    StructureModel model;
+    bool structureLoaded = false;
+
+    StrokeFont font;
+    DrawBuffers buffers;
+    ViewState view;
+    NavigationState navigation;
+    ConnectionInput input;
+    ConnectionState connection;
+    CommandState command;
+    FormVorna form = InitialForm();
+
+    bool exitRequested = false;
+    int exitStatus = 0;
+};
+
+// Ends the program once control is back in the front end: 0 after a normal end, 1 after a
+// fatal start-up message.
+void EndProgram(Program &program, int status);
+
+} // namespace vorna

@@ -1,0 +1,82 @@
+// The start-up sequence that runs once when the main window loads.
+#include "app/startup.h"
+
+#include "app/commands.h"
+#include "model/catalogues.h"
+#include "model/load_structure.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+
+namespace vorna {
+
+void EndProgram(Program &program, int status) {
+    program.exitRequested = true;
+    program.exitStatus = status;
+    program.ui.RequestExit(status);
+}
+
+namespace {
+
+// A catalogue that cannot be read is reported and start-up goes on; too many cards end it.
+bool Report(Program &p, const CatalogueResult &result) {
+    if (result.endProgram) {
+        EndProgram(p, 1);
+        return false;
+    }
+    if (!result.message.empty())
+        p.ui.MessageBox(result.message, "Problema", MsgIcon::Critical, MsgButtons::Ok);
+    return true;
+}
+
+} // namespace
+
+void RunStartUp(Program &p, std::string_view commandLine) {
+    p.connection = ConnectionState{};
+    UpdateBaseNodeCommands(p);
+    Interrompi_Click(p);
+    p.form.btnInterrompi.enabled = false;
+    p.form.Shape.visible = false;
+    LayOutForm(p);
+    p.ui.SetBusy(true);
+    p.form.RimNodoBase.enabled = false;
+    p.navigation.offsets = {};
+
+    auto folders = SetUpFolders(commandLine, p.ui);
+    if (!folders) {
+        EndProgram(p, 1);
+        return;
+    }
+    p.folders = *folders;
+    ReadDisplayOptions(p.folders.customFolder, p.displayOptions);
+    ReadInternalOptions(p.folders.customFolder, p.internalOptions);
+    // The caption shows the size in force, so it follows the options file.
+    p.form.Trappola.caption =
+        "Trappola (" + NumberText(p.internalOptions(opt::kPickBoxSize)) + ")...";
+    FillMessageCatalogue(p.messages);
+    LoadConnectionInput(p);
+    if (p.exitRequested)
+        return;
+    p.form.caption = Trim(p.input.connectionDescription) + " - " + p.folders.jobFolder;
+    LoadFont(p);
+
+    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model, p.messages, p.ui)) ||
+        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model, p.messages, p.ui)))
+        return;
+
+    LoadResult loaded = LoadStructure(p.folders.jobFolder, p.model, p.ui);
+    if (loaded == LoadResult::EndProgram) {
+        EndProgram(p, 1);
+        return;
+    }
+    if (loaded == LoadResult::NotRead) {
+        p.ui.MessageBox("Errore nella lettura della struttura", "Problema", MsgIcon::Critical,
+                        MsgButtons::Ok);
+        p.ui.SetBusy(false);
+        return;
+    }
+    p.structureLoaded = true;
+    BuildFirstView(p);
+    p.ui.SetBusy(false);
+}
+
+} // namespace vorna

@@ -1,0 +1,56 @@
+// The connection being defined: base node, base bars with their types, and the list of
+// analogous nodes with the bars that correspond to the base bars.
+#pragma once
+
+#include "model/structure_model.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vorna {
+
+constexpr int kMaxBaseBars = 100;
+// A base bar count of 101 marks a node with too many bars: no usable base node.
+constexpr int kTooManyBaseBars = kMaxBaseBars + 1;
+constexpr int kAnalogousCapacity = 20001;
+constexpr int kMaxBarTypes = 10;
+
+// One analogous node. Position k (0-based here, k+1 to the user) of bars corresponds to base
+// bar k.
+struct AnalogousNode {
+    std::int16_t node = 0;
+    std::int16_t barCount = 0;
+    std::array<std::int16_t, kMaxBaseBars> bars{};
+    std::array<std::int16_t, kMaxBaseBars> barTypes{}; // valid right after the classification
+};
+
+struct ConnectionState {
+    std::int16_t baseNode = -1;
+    std::int16_t baseBarCount = 0;
+    std::array<std::int16_t, kMaxBaseBars> baseBars{};     // bar indices, 0-based positions
+    std::array<std::int16_t, kMaxBaseBars> baseBarTypes{}; // type numbers 1..barTypeCount
+
+    // The list never holds a node twice (every append drops a repeated node), which lets the
+    // lookups below answer from per-node and per-bar tables kept in step with it.
+    std::vector<AnalogousNode> analogousNodes; // position p (1-based) is analogousNodes[p - 1]
+    std::vector<std::uint8_t> nodeListed = std::vector<std::uint8_t>(kNodeCapacity);
+    std::vector<std::int32_t> barUses = std::vector<std::int32_t>(kBarCapacity);
+
+    std::string analogousListText;
+};
+
+// The suite's description of the connection, read from "VornaNIn.txt" at start-up.
+struct ConnectionInput {
+    std::string connectionDescription;
+    std::string connectionTypeCode;
+    int barTypeCount = 0;
+    std::array<std::string, kMaxBarTypes + 1> barTypeCodes;        // 1..barTypeCount
+    std::array<std::string, kMaxBarTypes + 1> barTypeDescriptions; // 1..barTypeCount
+};
+
+// Fixed colours of the bar types 1..10 (index 0 unused), packed red + 256 green + 65536 blue.
+std::uint32_t BarTypeColour(int type);
+
+} // namespace vorna

@@ -1,0 +1,92 @@
+// Readers of the job's section catalogue "sezioni_" and thickness catalogue "spessori".
+#include "model/catalogues.h"
+
+#include "platform/native_path.h"
+#include "platform/number_text.h"
+#include "platform/text_file.h"
+
+namespace vorna {
+namespace {
+
+// The card count of the first field; a missing or unreadable count is 0.
+int ReadCardCount(TextCursor &cursor) {
+    std::string_view field;
+    if (!ReadNumberField(cursor, field))
+        return 0;
+    auto n = ToInt32(LeadingNumber(field));
+    return n && *n > 0 ? *n : 0;
+}
+
+// Reads count fields; false when the file ends first, so the rest of the file counts as absent.
+bool SkipFields(TextCursor &cursor, int count) {
+    std::string_view field;
+    for (int i = 0; i < count; ++i)
+        if (!ReadTextField(cursor, field))
+            return false;
+    return true;
+}
+
+CatalogueResult TooMany(const std::string &text, Ui &ui) {
+    ui.MessageBox(text, "Problema", MsgIcon::Critical, MsgButtons::Ok);
+    return {"", true};
+}
+
+} // namespace
+
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
+                                   const MessageCatalogue &messages, Ui &ui) {
+    std::string name = std::string(jobFolder) + "\\spessori";
+    auto text = ReadWholeFile(NativePath(name));
+    if (!text)
+        return {messages[3] + name, false};
+    return ParseThicknessCards(std::move(*text), model, messages, ui);
+}
+
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
+                                 const MessageCatalogue &messages, Ui &ui) {
+    std::string name = std::string(jobFolder) + "\\sezioni_";
+    auto text = ReadWholeFile(NativePath(name));
+    if (!text)
+        return {messages[3] + name, false};
+    return ParseSectionCards(std::move(*text), model, messages, ui);
+}
+
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
+                                    const MessageCatalogue &messages, Ui &ui) {
+    TextCursor cursor{std::move(text), 0};
+    int n = ReadCardCount(cursor);
+    if (n > kMaxThicknessCards)
+        return TooMany(messages[1], ui);
+    model.thicknessCardCount = 0;
+    for (int k = 0; k < n; ++k) {
+        std::string_view thickness;
+        if (!SkipFields(cursor, 3) || !ReadTextField(cursor, thickness))
+            break;
+        model.thicknessValues[k] = LeadingNumber(thickness);
+        model.thicknessCardCount = static_cast<std::int16_t>(k + 1);
+        if (!SkipFields(cursor, 1))
+            break;
+    }
+    return {};
+}
+
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model,
+                                  const MessageCatalogue &messages, Ui &ui) {
+    TextCursor cursor{std::move(text), 0};
+    int n = ReadCardCount(cursor);
+    if (n > kMaxSectionCards)
+        return TooMany(messages[2], ui);
+    for (int k = 0; k < n; ++k) {
+        std::string_view name;
+        if (!SkipFields(cursor, 1) || !ReadTextField(cursor, name))
+            break;
+        if (name.substr(0, 2) == "P_")
+            name.remove_prefix(2);
+        model.sectionNames[k] = std::string(name);
+        if (!SkipFields(cursor, 13))
+            break;
+    }
+    return {};
+}
+
+} // namespace vorna

@@ -1,0 +1,46 @@
+// A drawing surface with a user scale in drawing units (y grows upwards), as the core sees it.
+#pragma once
+
+#include <cstdint>
+
+namespace vorna {
+
+// Colours are packed red + 256 green + 65536 blue.
+using Rgb = std::uint32_t;
+
+constexpr Rgb PackRgb(int red, int green, int blue) {
+    return static_cast<Rgb>(red) | (static_cast<Rgb>(green) << 8) | (static_cast<Rgb>(blue) << 16);
+}
+
+// The user scale: drawing-unit coordinates of the top-left corner and the signed extent
+// (height negative when y grows upwards).
+struct ScaleRect {
+    double left = 0;
+    double top = 0;
+    double width = 1;
+    double height = 1;
+};
+
+class Canvas {
+public:
+    virtual ~Canvas() = default;
+    virtual void Clear() = 0;
+    virtual void SetLineWidth(int pixels) = 0;
+    virtual void Line(double x1, double y1, double x2, double y2, Rgb colour) = 0;
+    // A circle outline, or the arc between two angles (radians, counter-clockwise) when they
+    // differ.
+    virtual void Arc(double x, double y, double radius, Rgb colour, double startAngle,
+                     double endAngle) = 0;
+    virtual void FilledCircle(double x, double y, double radius, Rgb colour) = 0;
+    virtual void SetScale(const ScaleRect &scale) = 0;
+    virtual ScaleRect Scale() const = 0;
+    // Outer size of the surface in twips, and the screen's twips per pixel.
+    virtual double WidthTwips() const = 0;
+    virtual double HeightTwips() const = 0;
+    virtual double TwipsPerPixelX() const = 0;
+    virtual double TwipsPerPixelY() const = 0;
+    // The drawing is complete: show it.
+    virtual void Refresh() = 0;
+};
+
+} // namespace vorna

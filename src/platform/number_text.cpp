@@ -1,0 +1,109 @@
+// Number text: the lenient leading-number parse, the strict parse, rounding to 16-bit integers
+// and the plain decimal texts the files use.
+#include "platform/number_text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace vorna {
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t Digits(std::string_view t, std::size_t i) {
+    while (i < t.size() && IsDigit(t[i]))
+        ++i;
+    return i;
+}
+
+double ParseSpan(std::string_view span) {
+    if (!span.empty() && span.front() == '+')
+        span.remove_prefix(1);
+    double value = 0;
+    auto res = std::from_chars(span.data(), span.data() + span.size(), value);
+    if (res.ec == std::errc::result_out_of_range) // strtod gives the signed infinity or 0
+        return std::strtod(std::string(span).c_str(), nullptr);
+    return value;
+}
+
+} // namespace
+
+NumberSpan LeadingNumberSpan(std::string_view t) {
+    NumberSpan span;
+    std::size_t i = 0;
+    while (i < t.size() && (t[i] == ' ' || t[i] == '\t'))
+        ++i;
+    span.skipped = i;
+    std::size_t start = i;
+    if (i < t.size() && (t[i] == '+' || t[i] == '-'))
+        ++i;
+    std::size_t intEnd = Digits(t, i);
+    bool digits = intEnd > i;
+    i = intEnd;
+    if (i < t.size() && t[i] == '.') {
+        std::size_t fracEnd = Digits(t, i + 1);
+        if (digits || fracEnd > i + 1) {
+            digits = true;
+            i = fracEnd;
+        }
+    }
+    if (!digits)
+        return span;
+    if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
+        std::size_t j = i + 1;
+        if (j < t.size() && (t[j] == '+' || t[j] == '-'))
+            ++j;
+        std::size_t expEnd = Digits(t, j);
+        if (expEnd > j)
+            i = expEnd;
+    }
+    span.length = i - start;
+    return span;
+}
+
+double LeadingNumber(std::string_view text) {
+    NumberSpan span = LeadingNumberSpan(text);
+    return span.length == 0 ? 0.0 : ParseSpan(text.substr(span.skipped, span.length));
+}
+
+std::optional<double> StrictNumber(std::string_view text) {
+    std::size_t b = 0, e = text.size();
+    while (b < e && (text[b] == ' ' || text[b] == '\t'))
+        ++b;
+    while (e > b && (text[e - 1] == ' ' || text[e - 1] == '\t'))
+        --e;
+    std::string_view core = text.substr(b, e - b);
+    NumberSpan span = LeadingNumberSpan(core);
+    if (span.length == 0 || span.length != core.size())
+        return std::nullopt;
+    return ParseSpan(core);
+}
+
+double RoundHalfEven(double value) { return std::nearbyint(value); }
+
+std::optional<std::int16_t> ToInt16(double value) {
+    double r = RoundHalfEven(value);
+    if (!(r >= -32768.0 && r <= 32767.0))
+        return std::nullopt;
+    return static_cast<std::int16_t>(r);
+}
+
+std::optional<std::int32_t> ToInt32(double value) {
+    double r = RoundHalfEven(value);
+    if (!(r >= -2147483648.0 && r <= 2147483647.0))
+        return std::nullopt;
+    return static_cast<std::int32_t>(r);
+}
+
+std::string NumberText(double value) {
+    if (value == 0)
+        return "0"; // also for -0
+    char buf[64];
+    auto res = std::to_chars(buf, buf + sizeof buf, value);
+    return std::string(buf, res.ptr);
+}
+
+std::string IntText(long long value) { return std::to_string(value); }
+
+} // namespace vorna

@@ -1,0 +1,35 @@
+// Number text: the lenient leading-number parse, the strict parse, rounding to 16-bit integers
+// and the plain decimal texts the files use.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vorna {
+
+// Length of the longest leading part of text (after `skipped` leading blanks and tabs) that reads
+// as a decimal number: optional sign, digits, optional "." and fraction, optional exponent.
+struct NumberSpan {
+    std::size_t skipped = 0;
+    std::size_t length = 0;
+};
+NumberSpan LeadingNumberSpan(std::string_view text);
+
+// The leading number of a text, 0 when there is none (blanks before it are skipped).
+double LeadingNumber(std::string_view text);
+// The whole text, trimmed, must be one number; otherwise nothing.
+std::optional<double> StrictNumber(std::string_view text);
+
+// Nearest integer, a half going to the even neighbour.
+double RoundHalfEven(double value);
+// Rounded to the nearest integer (half to even); nothing when outside the type's range or NaN.
+std::optional<std::int16_t> ToInt16(double value);
+std::optional<std::int32_t> ToInt32(double value);
+
+// Shortest decimal text that reads back as the same value, "." as separator, no blanks.
+std::string NumberText(double value);
+std::string IntText(long long value);
+
+} // namespace vorna

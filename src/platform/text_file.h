@@ -1,0 +1,40 @@
+// Reading and writing the suite's text files: whole-file reads, line and field cursors over the
+// bytes (CR LF, CR or LF ends a line), and atomic writing (temporary file beside it, then rename).
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vorna {
+
+// The whole file's bytes, or nothing when it cannot be opened or read.
+std::optional<std::string> ReadWholeFile(const std::filesystem::path &path);
+bool FileExists(const std::filesystem::path &path);
+
+// Writes content to a temporary file in the same folder and renames it over path, so that a
+// reader never sees a half-written file. False when any step fails (the target is untouched).
+bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content);
+
+// Appends line and the CR LF that ends every line the program writes.
+void AppendLine(std::string &out, std::string_view line);
+
+// A read position in a file's bytes.
+struct TextCursor {
+    std::string text;
+    std::size_t pos = 0;
+};
+
+bool AtEnd(const TextCursor &cursor);
+// The fields below are views into cursor.text, valid while the cursor lives.
+// The rest of the current line; its line end is consumed. False at the end of the file.
+bool ReadLine(TextCursor &cursor, std::string_view &line);
+// One field of a comma-separated list: leading blanks skipped, ends at a comma or the line end,
+// double quotes removed, trailing blanks dropped. False at the end of the file.
+bool ReadTextField(TextCursor &cursor, std::string_view &field);
+// One numeric field: blanks and empty lines before it are skipped, and a blank ends it as well
+// as a comma or the line end. The text of the field is returned for the caller to convert.
+bool ReadNumberField(TextCursor &cursor, std::string_view &field);
+
+} // namespace vorna

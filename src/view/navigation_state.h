@@ -1,0 +1,24 @@
+// The state of the view gestures (zoom rectangle, move, pan) shared with window selection.
+#pragma once
+
+#include "view/view_state.h"
+
+namespace vorna {
+
+struct NavigationState {
+    bool zoomWindowPending = false;
+    bool movePending = false;
+    bool moveLineActive = false;
+    bool windowCornerSet = false; // shared with window selection
+    double cornerX = 0;
+    double cornerY = 0;
+    ViewWindow panStartWindow;
+    int lastButton = 0; // 1 left, 2 right, 4 middle
+    double pickRadius = 0;
+    // A right click asks the front end to pop up the "Visualizza" menu at the cursor.
+    bool popupRequested = false;
+    // The four view offsets that start-up clears.
+    std::array<double, 4> offsets{};
+};
+
+} // namespace vorna

@@ -1,0 +1,122 @@
+// Tests of the folders, the start-up sequence and the script runner's first commands.
+#include "app/folders.h"
+#include "app/script_runner.h"
+#include "platform/text.h"
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace vorna {
+namespace {
+
+// A suite root with its settings files; the job folder holds what each test adds.
+struct Suite {
+    test::TempDir dir;
+    std::string root = dir.path().string();
+    explicit Suite(const std::string &dirlav = "", const std::string &lavoro = "job001\r\n") {
+        dir.Write("impostazioni/dirlav", (dirlav.empty() ? root + "/Lavori" : dirlav) + "\r\n");
+        dir.Write("impostazioni/lavoro", lavoro);
+        std::filesystem::create_directories(dir.path() / "lavori/job001");
+    }
+    std::string Argument() const { return "|diroot=  " + root + "|"; }
+};
+
+std::string Fatal(const std::string &argument) {
+    test::RecordingUi ui;
+    EXPECT_FALSE(SetUpFolders(argument, ui));
+    return ui.messages.empty() ? "" : ui.messages[0].text;
+}
+
+TEST(Folders, ArgumentAndSettingsFilesGiveTheFolders) {
+    Suite suite;
+    test::RecordingUi ui;
+    auto f = SetUpFolders("vorna |DIROOT=" + suite.root + "\\| trailing", ui);
+    ASSERT_TRUE(f) << (ui.messages.empty() ? "" : ui.messages[0].text);
+    EXPECT_EQ(f->rootFolder, LowerCase(suite.root));
+    EXPECT_EQ(f->jobsFolder, LowerCase(suite.root) + "/lavori\\");
+    EXPECT_EQ(f->jobName, "job001");
+    EXPECT_EQ(f->jobFolder, LowerCase(suite.root) + "/lavori\\job001");
+    EXPECT_EQ(f->programsFolder, LowerCase(suite.root) + "\\progra");
+    EXPECT_EQ(f->customFolder, LowerCase(suite.root) + "\\custom");
+}
+
+TEST(Folders, EveryFatalConditionHasItsMessage) {
+    EXPECT_EQ(Fatal("   "), "Avvio del programma: argomento non presente");
+    EXPECT_EQ(Fatal("|root=x|"), "Avvio del programma: argomento non presente");
+    EXPECT_EQ(Fatal("|diroot=c:\\suite"), "Avvio del programma: argomento non presente");
+    {
+        Suite suite("d:\\myjobs\\");
+        EXPECT_EQ(Fatal(suite.Argument()),
+                  "Errore: il direttorio dei lavori deve terminare con < \\lavori >");
+    }
+    {
+        Suite suite("lavori");
+        EXPECT_EQ(Fatal(suite.Argument()), "Errore: file " + LowerCase(suite.root) +
+                                               "\\impostazioni\\dirlav errato o mancante");
+    }
+    {
+        Suite suite("", "job01\r\n");
+        EXPECT_EQ(Fatal(suite.Argument()), "Errore: file " + LowerCase(suite.root) +
+                                               "\\impostazioni\\lavoro errato o mancante");
+    }
+    test::TempDir empty;
+    EXPECT_EQ(Fatal("|diroot=" + empty.path().string() + "|"),
+              "Errore: file " + LowerCase(empty.path().string()) +
+                  "\\impostazioni\\dirlav errato o mancante");
+}
+
+int RunIn(const Suite &suite, const std::string &script, std::string &output) {
+    suite.dir.Write("script.txt", script);
+    std::ostringstream out;
+    int status = RunScript(suite.dir.path() / "script.txt", suite.Argument(), out);
+    output = out.str();
+    return status;
+}
+
+TEST(StartUp, MissingStructureStopsStartUpButNotTheProgram) {
+    Suite suite;
+    std::string out;
+    EXPECT_EQ(RunIn(suite, "# comment\ndump folders\n", out), 0);
+    EXPECT_NE(out.find("message|Problema|16| Impossibile leggere il file "), std::string::npos);
+    EXPECT_NE(out.find("message|Problema|16|Errore nella lettura della struttura\n"),
+              std::string::npos);
+    EXPECT_NE(out.find("jobName=job001\n"), std::string::npos);
+}
+
+TEST(StartUp, FatalMessagesEndWithStatusOne) {
+    Suite suite;
+    suite.dir.Write("lavori/job001/STRUTTUR.STR", "3.8\r\n");
+    std::string out;
+    EXPECT_EQ(RunIn(suite, "dump folders\n", out), 1);
+    EXPECT_NE(out.find("message|Attenzione|16|Versione 3.8 o precedente."), std::string::npos);
+    EXPECT_EQ(out.find("rootFolder="), std::string::npos); // nothing runs after the end
+
+    Suite many;
+    many.dir.Write("lavori/job001/spessori", "101\r\n");
+    EXPECT_EQ(RunIn(many, "", out), 1);
+    EXPECT_EQ(out, "message|Problema|16| Troppe schede di spessore \n");
+
+    Suite broken("", "x\r\n");
+    EXPECT_EQ(RunIn(broken, "", out), 1);
+}
+
+TEST(ScriptRunner, UnknownLinesAreReportedAndDumpsShowUnsetOptions) {
+    Suite suite;
+    suite.dir.Write("custom/VorNOpzi.txt", "1\r\n2\r\n");
+    suite.dir.Write("lavori/job001/STRUTTUR.STR",
+                    "release\r\n1\r\n1 2 3\r\n1\r\n0 1 2\r\n5 0\r\n0\r\n0\r\n");
+    std::string out;
+    EXPECT_EQ(RunIn(suite, "dump options\ndump model\nfly away\n", out), 2);
+    EXPECT_NE(out.find("display 2=2\ndisplay 3=unset\n"), std::string::npos);
+    EXPECT_NE(out.find("internal 1=15\n"), std::string::npos);
+    EXPECT_NE(out.find("model points=1 nodes=1 bars=0 shells=0 thicknessCards=0\n"
+                       "point 0 x=1 y=2 z=3\n"
+                       "node 0 pointIndex=0 pointType=1 colour=2 name=5 constraintCard=0\n"),
+              std::string::npos);
+    EXPECT_NE(out.find("error|fly away\n"), std::string::npos);
+}
+
+} // namespace
+} // namespace vorna

@@ -1,0 +1,127 @@
+// Tests of the platform layer: number text, code page, field and line reading, paths, writing.
+#include "model/load_structure.h"
+#include "model/tokens.h"
+#include "platform/native_path.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace vorna {
+namespace {
+
+TEST(NumberText, LeadingNumberReadsTheLongestNumericPrefix) {
+    EXPECT_EQ(LeadingNumber("  12.5abc"), 12.5);
+    EXPECT_EQ(LeadingNumber("-3e2x"), -300);
+    EXPECT_EQ(LeadingNumber("1e"), 1);
+    EXPECT_EQ(LeadingNumber(".5"), 0.5);
+    EXPECT_EQ(LeadingNumber("abc"), 0);
+    EXPECT_EQ(LeadingNumber(""), 0);
+    EXPECT_EQ(LeadingNumber("-"), 0);
+    EXPECT_EQ(LeadingNumber("+7"), 7);
+    EXPECT_TRUE(std::isinf(LeadingNumber("1e999")));
+}
+
+TEST(NumberText, StrictNumberNeedsTheWholeText) {
+    EXPECT_EQ(StrictNumber(" 30 "), 30.0);
+    EXPECT_EQ(StrictNumber("-12.75"), -12.75);
+    EXPECT_FALSE(StrictNumber("30x"));
+    EXPECT_FALSE(StrictNumber(""));
+    EXPECT_FALSE(StrictNumber("1,5"));
+}
+
+TEST(NumberText, RoundingIsHalfToEvenAndRangeChecked) {
+    EXPECT_EQ(ToInt16(2.5), 2);
+    EXPECT_EQ(ToInt16(3.5), 4);
+    EXPECT_EQ(ToInt16(-2.5), -2);
+    EXPECT_EQ(ToInt16(32767.4), 32767);
+    EXPECT_FALSE(ToInt16(32767.5));
+    EXPECT_EQ(ToInt16(-32768.0), -32768);
+    EXPECT_FALSE(ToInt16(-32769.0));
+    EXPECT_FALSE(ToInt16(std::nan("")));
+    EXPECT_FALSE(ToInt32(1e10));
+    EXPECT_EQ(NumberText(16776960), "16776960");
+    EXPECT_EQ(NumberText(0.1), "0.1");
+    EXPECT_EQ(NumberText(-0.0), "0");
+}
+
+TEST(Text, Cp1252RoundTripsEveryByte) {
+    std::string all;
+    for (int c = 1; c < 256; ++c)
+        all += static_cast<char>(c);
+    EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(all)), all);
+    EXPECT_EQ(Utf8ToCp1252("è€"), "\xE8\x80");
+    EXPECT_EQ(LowerCase("C:\\SUITE\xC8"), "c:\\suite\xE8");
+}
+
+TEST(TextFile, FieldsFollowTheCommaSeparatedRules) {
+    TextCursor c{"  \"P_HEA 200\" , 12 3,x y \r\n\r\n  7\r\nlast", 0};
+    std::string_view f;
+    ASSERT_TRUE(ReadTextField(c, f));
+    EXPECT_EQ(f, "P_HEA 200");
+    ASSERT_TRUE(ReadNumberField(c, f));
+    EXPECT_EQ(f, "12"); // a blank ends a number
+    ASSERT_TRUE(ReadNumberField(c, f));
+    EXPECT_EQ(f, "3");
+    ASSERT_TRUE(ReadTextField(c, f));
+    EXPECT_EQ(f, "x y"); // text runs to the line end, trailing blanks dropped
+    ASSERT_TRUE(ReadNumberField(c, f)); // empty lines before a number are skipped
+    EXPECT_EQ(f, "7");
+    ASSERT_TRUE(ReadLine(c, f));
+    EXPECT_EQ(f, "last");
+    EXPECT_FALSE(ReadLine(c, f));
+    EXPECT_FALSE(ReadTextField(c, f));
+    EXPECT_FALSE(ReadNumberField(c, f));
+}
+
+TEST(Tokens, NextTokenCutsBlankSeparatedTokens) {
+    std::string line = "12\t3   1";
+    EXPECT_EQ(NextToken(line, " "), "12");
+    EXPECT_EQ(NextToken(line, " "), "3");
+    EXPECT_EQ(NextToken(line, " "), "1");
+    EXPECT_EQ(NextToken(line, " "), "");
+    std::string text = "aXbxc";
+    EXPECT_EQ(ReplaceAll(text, "x", "xx", true), 5u);
+    EXPECT_EQ(text, "axxbxxc");
+}
+
+// The structure reader splits lines itself for speed; it must agree with NextToken.
+TEST(Tokens, SplitTokensAgreesWithNextToken) {
+    std::mt19937 rng(7);
+    const char alphabet[] = {' ', ' ', '\t', 'a', '1', '-', '.'};
+    for (int round = 0; round < 2000; ++round) {
+        std::string line;
+        for (auto n = rng() % 20; n > 0; --n)
+            line += alphabet[rng() % sizeof alphabet];
+        std::array<std::string_view, 6> fast;
+        SplitTokens(line, fast);
+        std::string rest = line;
+        for (const auto &token : fast)
+            ASSERT_EQ(token, NextToken(rest, " ")) << '"' << line << '"';
+    }
+}
+
+TEST(Paths, NativePathMatchesComponentsIgnoringCase) {
+    test::TempDir dir;
+    dir.Write("Suite/Impostazioni/DirLav", "x");
+    std::string name = dir.path().string() + "/suite\\impostazioni\\dirlav";
+    EXPECT_EQ(NativePath(name), dir.path() / "Suite/Impostazioni/DirLav");
+    EXPECT_EQ(NativePath(dir.path().string() + "\\suite\\new.txt"), dir.path() / "Suite/new.txt");
+}
+
+TEST(Paths, AtomicWriteReplacesWholeFilesOrNothing) {
+    test::TempDir dir;
+    auto target = dir.path() / "out.txt";
+    ASSERT_TRUE(WriteFileAtomic(target, "one\r\n"));
+    ASSERT_TRUE(WriteFileAtomic(target, "two\r\n"));
+    EXPECT_EQ(test::ReadBytes(target), "two\r\n");
+    EXPECT_FALSE(WriteFileAtomic(dir.path() / "missing" / "out.txt", "x"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
+}
+
+} // namespace
+} // namespace vorna

@@ -1,0 +1,78 @@
+// Shared test fakes: a Ui that records messages and answers from a queue, and temporary folders.
+#pragma once
+
+#include "platform/ui.h"
+
+#include <deque>
+#include <unistd.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace vorna::test {
+
+struct RecordedMessage {
+    std::string text;
+    std::string title;
+    MsgIcon icon;
+};
+
+class RecordingUi : public Ui {
+public:
+    MsgAnswer MessageBox(std::string_view text, std::string_view title, MsgIcon icon,
+                         MsgButtons buttons) override {
+        messages.push_back({std::string(text), std::string(title), icon});
+        if (buttons == MsgButtons::Ok || answers.empty())
+            return MsgAnswer::Ok;
+        MsgAnswer a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &) override {
+        if (saveChoices.empty())
+            return std::nullopt;
+        auto c = saveChoices.front();
+        saveChoices.pop_front();
+        return c;
+    }
+    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return std::nullopt; }
+    void SetBusy(bool on) override { busy = on; }
+    void RequestExit(int status) override { exitStatus = status; }
+
+    std::vector<RecordedMessage> messages;
+    std::deque<MsgAnswer> answers;
+    std::deque<std::optional<SaveDialogResult>> saveChoices;
+    bool busy = false;
+    int exitStatus = -1;
+};
+
+// A fresh folder under the system's temporary folder, removed when the test ends.
+class TempDir {
+public:
+    TempDir() {
+        static int counter = 0;
+        path_ = std::filesystem::temp_directory_path() /
+                ("vorna-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    ~TempDir() { std::filesystem::remove_all(path_); }
+    const std::filesystem::path &path() const { return path_; }
+    // Writes bytes to a file below the folder, creating its folders.
+    void Write(const std::string &relative, const std::string &bytes) const {
+        auto p = path_ / relative;
+        std::filesystem::create_directories(p.parent_path());
+        std::ofstream(p, std::ios::binary) << bytes;
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+inline std::string ReadBytes(const std::filesystem::path &p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+} // namespace vorna::test

@@ -1,0 +1,117 @@
+// Tests of the generators in tools/: their files must load with the program's own readers.
+#include "model/catalogues.h"
+#include "model/load_structure.h"
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace vorna {
+namespace {
+
+namespace fs = std::filesystem;
+
+int RunTool(const fs::path &tool, const std::string &arguments) {
+    const std::string command = "\"" + tool.string() + "\" " + arguments + " >/dev/null";
+    return std::system(command.c_str());
+}
+
+std::string Quoted(const fs::path &p) { return "\"" + p.string() + "\""; }
+
+// Every line ends in CR LF: no lone CR or LF anywhere, and a line end at the end.
+bool CrlfOnly(const std::string &bytes) {
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\r' && (i + 1 == bytes.size() || bytes[i + 1] != '\n'))
+            return false;
+        if (bytes[i] == '\n' && (i == 0 || bytes[i - 1] != '\r'))
+            return false;
+    }
+    return bytes.size() >= 2 && bytes.ends_with("\r\n");
+}
+
+// Bars and shells must end on points that carry a node, or the analogy search finds nothing.
+void ExpectEveryEndHasANode(const StructureModel &m) {
+    std::vector<bool> hasNode(m.pointCount, false);
+    for (int n = 0; n < m.nodeCount; ++n)
+        hasNode.at(m.nodes[n].pointIndex) = true;
+    for (int b = 0; b < m.barCount; ++b)
+        ASSERT_TRUE(hasNode.at(m.bars[b].pointI) && hasNode.at(m.bars[b].pointJ)) << "bar " << b;
+    for (int s = 0; s < m.shellCount; ++s)
+        for (int c = 0; c < (m.shells[s].vertices[3] < 0 ? 3 : 4); ++c)
+            ASSERT_TRUE(hasNode.at(m.shells[s].vertices[c])) << "shell " << s;
+}
+
+TEST(MakeDemoSuite, WritesASuiteTheReadersAccept) {
+    test::TempDir dir;
+    const fs::path root = dir.path() / "Suite";
+    ASSERT_EQ(RunTool(VORNA_DEMO_TOOL, Quoted(root)), 0);
+    const fs::path job = root / "lavori" / "demo01";
+
+    for (const fs::path &file :
+         {root / "impostazioni" / "dirlav", root / "impostazioni" / "lavoro",
+          root / "custom" / "VorNOpzi.txt", root / "custom" / "VorOpInt.txt", job / "STRUTTUR.STR",
+          job / "sezioni_", job / "spessori", job / "VornaNIn.txt"})
+        EXPECT_TRUE(CrlfOnly(test::ReadBytes(file))) << file;
+    EXPECT_TRUE(fs::is_directory(root / "progra"));
+    EXPECT_EQ(test::ReadBytes(root / "impostazioni" / "dirlav"),
+              fs::absolute(root).generic_string() + "/lavori/\r\n");
+    EXPECT_EQ(test::ReadBytes(root / "impostazioni" / "lavoro"), "demo01\r\n");
+    const std::string options = test::ReadBytes(root / "custom" / "VorNOpzi.txt");
+    EXPECT_EQ(std::count(options.begin(), options.end(), '\n'), 30);
+
+    test::RecordingUi ui;
+    MessageCatalogue messages;
+    FillMessageCatalogue(messages);
+    StructureModel m;
+    ASSERT_EQ(ParseStructure(test::ReadBytes(job / "STRUTTUR.STR"), m, ui), LoadResult::Loaded);
+    EXPECT_EQ(ParseSectionCards(test::ReadBytes(job / "sezioni_"), m, messages, ui).message, "");
+    EXPECT_EQ(ParseThicknessCards(test::ReadBytes(job / "spessori"), m, messages, ui).message, "");
+    EXPECT_TRUE(ui.messages.empty());
+
+    EXPECT_EQ(m.pointCount, 50);
+    EXPECT_EQ(m.nodeCount, 50);
+    EXPECT_EQ(m.barCount, 112);
+    EXPECT_EQ(m.shellCount, 14);
+    ExpectEveryEndHasANode(m);
+    EXPECT_EQ(m.sectionNames[0], "HEA200"); // "P_" dropped
+    EXPECT_EQ(m.sectionNames[2], "HEB240");
+    EXPECT_EQ(m.thicknessCardCount, 3);
+    int thin = 0, triangles = 0;
+    for (int s = 0; s < m.shellCount; ++s) {
+        thin += m.thicknessValues.at(m.shells[s].thicknessCard) < 1 ? 1 : 0;
+        triangles += m.shells[s].vertices[3] == -1 ? 1 : 0;
+    }
+    EXPECT_EQ(thin, 2);
+    EXPECT_EQ(triangles, 4);
+    // The elements off the building are not live: a node coloured 12, a node and a bar named 0.
+    EXPECT_EQ(m.nodes[48].colour, 12);
+    EXPECT_EQ(m.nodes[49].name, 0);
+    EXPECT_EQ(m.bars[111].name, 0);
+}
+
+TEST(MakeLargeModel, FillsEveryTableAndRepeatsItself) {
+    const fs::path tool = fs::path(VORNA_DEMO_TOOL).parent_path() / "make-large-model";
+    if (!fs::exists(tool))
+        GTEST_SKIP() << "make-large-model is not built";
+    test::TempDir dir;
+    ASSERT_EQ(RunTool(tool, Quoted(dir.path())), 0);
+    ASSERT_EQ(RunTool(tool, Quoted(dir.path()) + " again.str"), 0);
+    const std::string bytes = test::ReadBytes(dir.path() / "STRUTTUR.STR");
+    EXPECT_EQ(bytes, test::ReadBytes(dir.path() / "again.str"));
+    EXPECT_TRUE(CrlfOnly(bytes));
+
+    test::RecordingUi ui;
+    StructureModel m;
+    ASSERT_EQ(ParseStructure(bytes, m, ui), LoadResult::Loaded);
+    EXPECT_EQ(m.pointCount, kPointCapacity);
+    EXPECT_EQ(m.nodeCount, kNodeCapacity);
+    EXPECT_EQ(m.barCount, kBarCapacity);
+    EXPECT_EQ(m.shellCount, kShellCapacity);
+    ExpectEveryEndHasANode(m);
+    EXPECT_NE(RunTool(tool, "2>/dev/null"), 0); // no folder: usage
+}
+
+} // namespace
+} // namespace vorna
