@@ -13,12 +13,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int RunTool(const fs::path &tool, const std::string &arguments) {
-    const std::string command = "\"" + tool.string() + "\" " + arguments + " >/dev/null";
-    return std::system(command.c_str());
+std::string Quoted(const fs::path &p) {
+    return std::string("\"").append(p.string()).append("\"");
 }
 
-std::string Quoted(const fs::path &p) { return "\"" + p.string() + "\""; }
+int RunTool(const fs::path &tool, const std::string &arguments) {
+    const std::string command = Quoted(tool).append(" ").append(arguments).append(" >/dev/null");
+    return std::system(command.c_str());
+}
 
 // Every line ends in CR LF: no lone CR or LF anywhere, and a line end at the end.
 bool CrlfOnly(const std::string &bytes) {

@@ -14,7 +14,9 @@ constexpr std::array<double, 3> kY = {0, 500, 1000};
 constexpr std::array<double, 4> kZ = {0, 350, 700, 1050};
 constexpr int kNx = 4, kNy = 3, kLevels = 4, kPerLevel = kNx * kNy;
 
-int PointAt(int level, int iy, int ix) { return level * kPerLevel + iy * kNx + ix; }
+int PointAt(int level, int iy, int ix) {
+    return level * kPerLevel + iy * kNx + ix;
+}
 
 // Floors in different colours, so that a colour selects a floor.
 constexpr std::array<int, kLevels> kNodeColours = {kYellow, kRed, kOrange, kLightBlue};
@@ -66,10 +68,10 @@ Structure DemoBuilding() {
     }};
     for (int st = 0; st + 1 < kLevels; ++st)
         for (const Bay &b : kBracedBays) {
-            addBar(PointAt(st, b.iy0, b.ix0), PointAt(st + 1, b.iy1, b.ix1), 1, kGreen, kL80x8,
-                   2, 2);
-            addBar(PointAt(st, b.iy1, b.ix1), PointAt(st + 1, b.iy0, b.ix0), 1, kGreen, kL80x8,
-                   2, 2);
+            addBar(PointAt(st, b.iy0, b.ix0), PointAt(st + 1, b.iy1, b.ix1), 1, kGreen, kL80x8, 2,
+                   2);
+            addBar(PointAt(st, b.iy1, b.ix1), PointAt(st + 1, b.iy0, b.ix0), 1, kGreen, kL80x8, 2,
+                   2);
         }
 
     // First floor: a concrete slab on the whole plan. Roof: slab on two bays, light sheeting
@@ -140,4 +142,6 @@ int Main(int argc, char **argv) {
 } // namespace
 } // namespace vorna::tools
 
-int main(int argc, char **argv) { return vorna::tools::Main(argc, argv); }
+int main(int argc, char **argv) {
+    return vorna::tools::Main(argc, argv);
+}

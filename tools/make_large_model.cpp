@@ -17,7 +17,9 @@ constexpr int kAtriumX0 = 15, kAtriumX1 = 25, kAtriumY0 = 18, kAtriumY1 = 32;
 // Facade bays braced with one diagonal: every third one.
 constexpr int kBraceEvery = 3;
 
-int PointAt(int level, int iy, int ix) { return level * kPerLevel + iy * kNx + ix; }
+int PointAt(int level, int iy, int ix) {
+    return level * kPerLevel + iy * kNx + ix;
+}
 
 bool InAtrium(int ix, int iy) {
     return ix >= kAtriumX0 && ix < kAtriumX1 && iy >= kAtriumY0 && iy < kAtriumY1;
@@ -164,4 +166,6 @@ int Main(int argc, char **argv) {
 } // namespace
 } // namespace vorna::tools
 
-int main(int argc, char **argv) { return vorna::tools::Main(argc, argv); }
+int main(int argc, char **argv) {
+    return vorna::tools::Main(argc, argv);
+}

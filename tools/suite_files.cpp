@@ -16,12 +16,14 @@ namespace {
 
 std::string Num(double v) {
     std::array<char, 64> buffer{};
-    auto r = std::to_chars(buffer.data(), buffer.data() + buffer.size(), v,
-                           std::chars_format::fixed);
+    auto r =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), v, std::chars_format::fixed);
     return std::string(buffer.data(), r.ptr);
 }
 
-std::string Num(int v) { return std::to_string(v); }
+std::string Num(int v) {
+    return std::to_string(v);
+}
 
 // Right-aligned columns, as the suite lays out its numbers; at least one blank before each.
 template <typename... T> std::string Columns(int width, T... values) {
@@ -88,9 +90,9 @@ std::string ThicknessCatalogueText() {
 std::string DisplayOptionsText() {
     // Lines 5, 10 and 23..26 have no use and are left empty.
     const std::array<const char *, 30> values = {
-        "1", "1", "1", "4", "",  "1", "5", "0", "0", "",  "5",     "5",        "1",     "5",
-        "1", "1", "1", "1", "1", "1", "1", "1", "",  "",  "",      "",         "65280", "16776960",
-        "65535", "16711680"};
+        "1", "1", "1", "4", "",  "1", "5",     "0",        "0",     "",
+        "5", "5", "1", "5", "1", "1", "1",     "1",        "1",     "1",
+        "1", "1", "",  "",  "",  "",  "65280", "16776960", "65535", "16711680"};
     TextLines t;
     for (const char *v : values)
         t.Line(v);
@@ -118,7 +120,9 @@ std::string ConnectionInputText() {
     return t.Bytes();
 }
 
-bool FitsShort(int v) { return v >= -32768 && v <= 32767; }
+bool FitsShort(int v) {
+    return v >= -32768 && v <= 32767;
+}
 
 } // namespace
 
@@ -272,17 +276,12 @@ fs::path AbsoluteFolder(const fs::path &folder) {
 
 std::string WriteSuite(const fs::path &root, const Structure &s,
                        const std::optional<fs::path> &fontSource) {
-    std::error_code ec;
-    fs::create_directories(root, ec);
-    if (ec)
-        return "cannot create " + root.string() + ": " + ec.message();
     const fs::path absolute = AbsoluteFolder(root);
     // The program splits dirlav at commas and lower-cases it as Windows-1252 text.
     const std::string jobs = absolute.generic_string() + "/lavori/";
     for (unsigned char c : jobs)
         if (c < 0x20 || c >= 0x7F || c == ',' || c == '"')
-            return "the suite folder's path must be plain ASCII without commas or quotes: " +
-                   jobs;
+            return "the suite folder's path must be plain ASCII without commas or quotes: " + jobs;
     if (absolute.generic_string().size() < 3)
         return "the suite folder must not be the file system's root";
 
@@ -388,9 +387,8 @@ void PrintSummary(std::ostream &out, const Structure &s, bool listJoints) {
         return std::count_if(table.begin(), table.end(),
                              [](const auto &e) { return e.colour < 10 && e.name >= 1; });
     };
-    const auto thin = std::count_if(s.shells.begin(), s.shells.end(), [](const Shell &sh) {
-        return kThicknesses[sh.thickness] < 1;
-    });
+    const auto thin = std::count_if(s.shells.begin(), s.shells.end(),
+                                    [](const Shell &sh) { return kThicknesses[sh.thickness] < 1; });
     const auto triangles = std::count_if(s.shells.begin(), s.shells.end(),
                                          [](const Shell &sh) { return sh.vertices[3] == -1; });
     out << "points " << s.points.size() << ", nodes " << s.nodes.size() << " ("

@@ -93,8 +93,8 @@ std::string RangeText(const std::vector<int> &names);
 // Live nodes grouped by the directions of the bars at them: identical joints share every
 // direction; a mirrored pair of groups has directions (x, y, z) and (-x, -y, z).
 struct JointGroups {
-    std::vector<std::vector<int>> identical;                               // groups of 2 or more
-    std::vector<std::pair<std::vector<int>, std::vector<int>>> mirrored;   // each pair once
+    std::vector<std::vector<int>> identical;                             // groups of 2 or more
+    std::vector<std::pair<std::vector<int>, std::vector<int>>> mirrored; // each pair once
 };
 JointGroups FindJointGroups(const Structure &s);
 

@@ -50,7 +50,24 @@ struct ConnectionInput {
     std::array<std::string, kMaxBarTypes + 1> barTypeDescriptions; // 1..barTypeCount
 };
 
-// Fixed colours of the bar types 1..10 (index 0 unused), packed red + 256 green + 65536 blue.
+// Fixed colours of the bar types 1..10, packed red + 256 green + 65536 blue.
 std::uint32_t BarTypeColour(int type);
+
+// 1-based position of the node's record, 0 when it is not listed.
+int FindInAnalogous(const ConnectionState &state, int node);
+bool InAnalogous(const ConnectionState &state, int node); // FindInAnalogous > 0, in O(1)
+bool BarInAnalogous(const ConnectionState &state, int bar);
+// Appends a record unless its node is listed already (the list keeps the first occurrence).
+void AppendAnalogous(ConnectionState &state, const AnalogousNode &record);
+void RemoveAnalogousRecord(ConnectionState &state, int position);
+// Removes the record of every listed node for which remove(node) is true, in one pass: the
+// same result as removing them one by one.
+template <typename Pred> void RemoveAnalogousNodesIf(ConnectionState &state, Pred remove);
+void ClearAnalogous(ConnectionState &state);
+
+// Numbers as runs: 3, 4, 5, 9, 12, 13 gives "3-5,9,12-13"; numbers <= 0 are skipped.
+std::string RangeText(const std::vector<int> &numbers);
+// The names of the listed nodes as range text, into state.analogousListText.
+void BuildAnalogousListText(const StructureModel &model, ConnectionState &state);
 
 } // namespace vorna

@@ -33,10 +33,10 @@ void SetInt16(std::int16_t &field, std::string_view token) {
 // The next field of a free-format group; nothing when it is missing or not a finite number.
 std::optional<double> NextGroupField(TextCursor &cursor) {
     std::string_view field;
-    if (!ReadNumberField(cursor, field) || LeadingNumberSpan(field).length == 0)
+    if (!ReadNumberField(cursor, field))
         return std::nullopt;
-    double value = LeadingNumber(field);
-    if (!std::isfinite(value))
+    auto value = LeadingNumberIfAny(field);
+    if (value && !std::isfinite(*value))
         return std::nullopt;
     return value;
 }

@@ -19,6 +19,8 @@ NumberSpan LeadingNumberSpan(std::string_view text);
 
 // The leading number of a text, 0 when there is none (blanks before it are skipped).
 double LeadingNumber(std::string_view text);
+// The same, but nothing when the text does not start with a number.
+std::optional<double> LeadingNumberIfAny(std::string_view text);
 // The whole text, trimmed, must be one number; otherwise nothing.
 std::optional<double> StrictNumber(std::string_view text);
 
