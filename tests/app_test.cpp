@@ -18,6 +18,7 @@ struct Suite {
     explicit Suite(const std::string &dirlav = "", const std::string &lavoro = "job001\r\n") {
         dir.Write("impostazioni/dirlav", (dirlav.empty() ? root + "/Lavori" : dirlav) + "\r\n");
         dir.Write("impostazioni/lavoro", lavoro);
+        dir.Write("progra/font.001", "0\r\n");
         std::filesystem::create_directories(dir.path() / "lavori/job001");
     }
     std::string Argument() const { return "|diroot=  " + root + "|"; }

@@ -1,4 +1,5 @@
 // make-demo-suite: writes a small suite root with one job, a braced three-storey steel building.
+#include "stroke_font_builder.h"
 #include "suite_files.h"
 
 #include <array>
@@ -124,11 +125,15 @@ int Main(int argc, char **argv) {
     }
     if (!usable || !root) {
         std::cerr << "usage: make-demo-suite [--font FILE] DIR\n"
-                     "writes a suite root with the job demo01 into DIR\n";
+                     "writes a suite root with the job demo01 into DIR; the stroke font is built\n"
+                     "from the Hershey fonts unless --font gives a font.001 to copy\n";
         return 2;
     }
     const Structure s = DemoBuilding();
-    if (std::string problem = WriteSuite(*root, s, font); !problem.empty()) {
+    std::string problem = WriteSuite(*root, s, font);
+    if (problem.empty() && !font)
+        problem = WriteStrokeFont(AbsoluteFolder(*root) / "progra" / "font.001");
+    if (!problem.empty()) {
         std::cerr << "make-demo-suite: " << problem << "\n";
         return 1;
     }

@@ -1,20 +1,139 @@
-// Commands of the view: fit, zoom, move, redraw, axes and coordinates, interval refills.
+// Commands of the view: fit, zoom, move, redraw, axes and coordinates, interval refills, and the
+// view's start-up steps.
 #include "app/commands.h"
 
-namespace vorna {
+#include "platform/number_text.h"
+#include "view/navigation.h"
+#include "view/projection.h"
+#include "view/render.h"
+#include "view/stroke_font.h"
+#include "view/visibility.h"
 
-void RedrawView(Program &) {}
-void DrawStructureNow(Program &) {}
-void Ottimizza_Click(Program &) {}
-void ZoomIn_Click(Program &) {}
-void Sposta_Click(Program &) {}
-void Ridis_Click(Program &) {}
-void VisAssi_Click(Program &) {}
-void VisCoord_Click(Program &) {}
-void TuttoX_Click(Program &) {}
-void TuttoY_Click(Program &) {}
-void TuttoZ_Click(Program &) {}
-void LoadFont(Program &) {}
-void BuildFirstView(Program &) {}
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+// The angles that read as numbers; an empty or mistyped box keeps its last valid angle, so a
+// half-typed angle never stops a redraw.
+void ProjectFromAngles(Program &p) {
+    std::array<double, 3> &angles = p.view.lastAngles;
+    for (int k = 0; k < 3; ++k)
+        if (auto a = StrictNumber(p.form.Angolo[k].text))
+            angles[k] = *a;
+    ProjectStructure(p.model, p.view, angles[0], angles[1], angles[2]);
+}
+
+VisibilityFilter FilterOfForm(const Program &p) {
+    const FormVorna &f = p.form;
+    VisibilityFilter filter;
+    filter.x0 = LeadingNumber(f.IntX[0].text);
+    filter.x1 = LeadingNumber(f.IntX[1].text);
+    filter.y0 = LeadingNumber(f.IntY[0].text);
+    filter.y1 = LeadingNumber(f.IntY[1].text);
+    filter.z0 = LeadingNumber(f.IntZ[0].text);
+    filter.z1 = LeadingNumber(f.IntZ[1].text);
+    filter.nodes = f.NodiAtt.checked;
+    filter.bars = f.AsteAtt.checked;
+    filter.shells = f.GusciAtt.checked;
+    filter.analogous = f.ElSelez.checked;
+    filter.nonAnalogous = f.ElNonSelez.checked;
+    filter.hideThinShells = p.displayOptions(opt::kHideThinShells) == 1;
+    filter.minShellThickness = p.displayOptions(opt::kMinShellThickness);
+    return filter;
+}
+
+void SetViewScaleNow(Program &p) {
+    if (!SetViewScale(p.model, p.connection, FilterOfForm(p), p.view, p.disegno))
+        p.ui.SetBusy(false);
+}
+
+// mode 1, 2, 3: one axis; 4: all three; anything else: nothing.
+void FillIntervals(Program &p, int mode) {
+    if (mode < 1 || mode > 4)
+        return;
+    const ModelExtent e = ComputeModelExtent(p.model);
+    std::array<std::array<Control, 2> *, 3> rows = {&p.form.IntX, &p.form.IntY, &p.form.IntZ};
+    for (int k = 0; k < 3; ++k) {
+        if (mode != 4 && mode != k + 1)
+            continue;
+        (*rows[k])[0].text = NumberText(std::floor(e.min[k] + 0.5));
+        (*rows[k])[1].text = NumberText(std::floor(e.max[k] + 0.5));
+    }
+}
+
+void UpdateCoordinateLabels(Program &p) {
+    p.form.LabCoord.visible = p.form.VisCoord.checked;
+    p.form.Label6.visible = p.form.VisCoord.checked;
+}
+
+} // namespace
+
+void DrawStructureNow(Program &p) {
+    p.ui.SetBusy(true);
+    DrawStructure(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
+                            p.font, p.form.VisAssi.checked},
+                  p.disegno);
+    p.ui.SetBusy(false);
+}
+
+void RedrawView(Program &p) {
+    ProjectFromAngles(p);
+    SetViewScaleNow(p);
+    DrawStructureNow(p);
+}
+
+void Ottimizza_Click(Program &p) {
+    p.view.zoomWindow = {};
+    RedrawView(p);
+}
+
+void ZoomIn_Click(Program &p) {
+    p.form.SottoFunAttiva.caption = "Zoom";
+    p.navigation.zoomWindowPending = true;
+    p.form.Disegno.pointer = Pointer::Cross;
+}
+
+void Sposta_Click(Program &p) {
+    p.form.SottoFunAttiva.caption = "Sposta";
+    p.navigation.movePending = true;
+    p.form.Disegno.pointer = Pointer::Cross;
+}
+
+void Ridis_Click(Program &p) {
+    RedrawView(p);
+}
+
+void VisAssi_Click(Program &p) {
+    p.form.VisAssi.checked = !p.form.VisAssi.checked;
+    RedrawView(p);
+}
+
+void VisCoord_Click(Program &p) {
+    p.form.VisCoord.checked = !p.form.VisCoord.checked;
+    UpdateCoordinateLabels(p);
+}
+
+void TuttoX_Click(Program &p) {
+    FillIntervals(p, 1);
+}
+void TuttoY_Click(Program &p) {
+    FillIntervals(p, 2);
+}
+void TuttoZ_Click(Program &p) {
+    FillIntervals(p, 3);
+}
+
+void LoadFont(Program &p) {
+    LoadStrokeFont(p.folders.programsFolder, p.font, p.ui);
+}
+
+void BuildFirstView(Program &p) {
+    ProjectFromAngles(p);
+    UpdateCoordinateLabels(p);
+    FillIntervals(p, 4);
+    SetViewScaleNow(p);
+    DrawStructureNow(p);
+}
 
 } // namespace vorna

@@ -1,0 +1,347 @@
+// The rendering traversal: axis triad, shells, bars, nodes and labels, with the highlights of
+// the base node, the base bars and the analogous nodes. One traversal serves the screen and the
+// export into the drawing buffers.
+#include "view/render.h"
+
+#include "platform/number_text.h"
+#include "view/primitives.h"
+#include "view/stroke_font.h"
+#include "view/visibility.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+namespace vorna {
+namespace {
+
+constexpr double kSqrt2 = 1.4142135623730951;
+
+int PixelWidth(double option) {
+    return static_cast<int>(std::clamp(RoundHalfEven(option), 1.0, 1000.0));
+}
+
+Rgb OptionColour(double option) {
+    return static_cast<Rgb>(std::clamp(RoundHalfEven(option), 0.0, 16777215.0));
+}
+
+int OptionCode(double option) {
+    return static_cast<int>(std::clamp(RoundHalfEven(option), -32768.0, 32767.0));
+}
+
+void AppendInt(std::string &text, long long value) {
+    char digits[24];
+    auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    text.append(digits, end);
+}
+
+std::string_view Trimmed(std::string_view s) {
+    const auto first = s.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return s.substr(first, s.find_last_not_of(" \t") - first + 1);
+}
+
+void AppendPart(std::string &text, std::string_view prefix, long long value) {
+    if (!text.empty())
+        text += ' ';
+    text += prefix;
+    AppendInt(text, value);
+}
+
+// The base bars in ascending order, walked along with the bar loop: an O(1) membership test
+// for bars visited in ascending order.
+class BaseBarCursor {
+public:
+    explicit BaseBarCursor(const ConnectionState &c) {
+        count_ = std::clamp<int>(c.baseBarCount, 0, kMaxBaseBars);
+        std::copy_n(c.baseBars.begin(), count_, sorted_.begin());
+        std::sort(sorted_.begin(), sorted_.begin() + count_);
+    }
+    bool Holds(int bar) {
+        while (next_ < count_ && sorted_[next_] < bar)
+            ++next_;
+        return next_ < count_ && sorted_[next_] == bar;
+    }
+
+private:
+    std::array<std::int16_t, kMaxBaseBars> sorted_{};
+    int count_ = 0;
+    int next_ = 0;
+};
+
+// Draws on the surface with highlights (screen), or through the primitives into the buffers
+// in colour codes (export). Line width changes reach the surface only when the width changes.
+class Painter {
+public:
+    Painter(const Canvas &metrics, DrawTarget target)
+        : metrics_(metrics), target_(target), screen_(target.surface != nullptr) {}
+
+    bool Screen() const { return screen_; }
+    const Canvas &Metrics() const { return metrics_; }
+    const DrawTarget &Target() const { return target_; }
+
+    void Width(int pixels) {
+        if (screen_ && pixels != width_) {
+            target_.surface->SetLineWidth(pixels);
+            width_ = pixels;
+        }
+    }
+    void Line(double x1, double y1, double x2, double y2, int code, Rgb rgb) {
+        if (screen_)
+            target_.surface->Line(x1, y1, x2, y2, rgb);
+        else
+            DrawLine(target_, x1, y1, x2, y2, code);
+    }
+    void Circle(double x, double y, double radius, int code, Rgb rgb) {
+        if (screen_)
+            target_.surface->Arc(x, y, radius, rgb, 0, 0);
+        else
+            DrawArc(target_, x, y, 2 * radius, code);
+    }
+
+private:
+    const Canvas &metrics_;
+    DrawTarget target_;
+    bool screen_;
+    int width_ = -1;
+};
+
+void DrawAxisTriad(const DrawInput &in, Painter &p) {
+    const Canvas &m = p.Metrics();
+    const double axisLength = PixelsToUnits(m, in.internal(opt::kAxisLength));
+    const double letter = PixelsToUnits(m, in.internal(opt::kAxisLetterSize));
+    const double margin = PixelsToUnits(m, in.internal(opt::kAxisMargin));
+    const int colour = OptionCode(in.internal(opt::kAxisColour));
+    const ScaleRect s = m.Scale();
+    double ox = s.left + margin, oy = s.top + s.height + margin;
+
+    // Move the origin so that no axis, letter included, leaves the corner.
+    double shiftX = 0, shiftY = 0;
+    for (int k = 0; k < 3; ++k) {
+        const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
+        const double len = std::hypot(ax, ay);
+        if (len < 0.0001)
+            continue;
+        const double reach = axisLength * len + 1.2 * kSqrt2 * letter;
+        shiftX = std::min(shiftX, ax * reach / len);
+        shiftY = std::min(shiftY, ay * reach / len);
+    }
+    ox -= shiftX;
+    oy -= shiftY;
+
+    static constexpr std::array<const char *, 3> kNames = {"X", "Y", "Z"};
+    for (int k = 0; k < 3; ++k) {
+        const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
+        const double len = std::hypot(ax, ay);
+        p.Line(ox, oy, ox + axisLength * ax, oy + axisLength * ay, colour, ColourOfCode(colour));
+        // The letter's box is centred on its point, just beyond the tip.
+        double cx = ox, cy = oy + 1.1 * kSqrt2 * letter;
+        if (len >= 0.0001) {
+            const double d = axisLength * len + 0.7 * kSqrt2 * letter;
+            cx = ox + d * ax / len;
+            cy = oy + d * ay / len;
+        }
+        DrawText(in.font, kNames[k], cx - letter / 2, cy - letter / 2, 0, letter, letter, 1,
+                 p.Target());
+    }
+}
+
+void DrawShells(const DrawInput &in, Painter &p) {
+    const StructureModel &model = in.model;
+    const bool hideThin = in.display(opt::kHideThinShells) == 1;
+    const double minThickness = in.display(opt::kMinShellThickness);
+    const int width = PixelWidth(in.display(opt::kWidthNormal));
+    for (int i = 0; i < model.shellCount; ++i) {
+        const Shell &s = model.shells[i];
+        if (!IsLive(s) || !in.view.shellShown[i])
+            continue;
+        if (hideThin && !(ThicknessOf(model, s.thicknessCard) > minThickness))
+            continue;
+        p.Width(width);
+        const Rgb rgb = ColourOfCode(s.colour);
+        const int corners = s.vertices[3] < 0 ? 3 : 4;
+        for (int k = 0; k < corners; ++k) {
+            const int a = s.vertices[k], b = s.vertices[(k + 1) % corners];
+            p.Line(ProjectedXOf(in.view, a), ProjectedYOf(in.view, a), ProjectedXOf(in.view, b),
+                   ProjectedYOf(in.view, b), s.colour, rgb);
+        }
+    }
+}
+
+void DrawBars(const DrawInput &in, Painter &p) {
+    const StructureModel &model = in.model;
+    const int normal = PixelWidth(in.display(opt::kWidthNormal));
+    const int selected = PixelWidth(in.display(opt::kWidthSelected));
+    const Rgb baseColour = OptionColour(in.display(opt::kBaseBarColour));
+    const Rgb analogousColour = OptionColour(in.display(opt::kAnalogousBarColour));
+    BaseBarCursor baseBars(in.connection);
+    for (int i = 0; i < model.barCount; ++i) {
+        const Bar &b = model.bars[i];
+        if (!IsLive(b) || !in.view.barShown[i])
+            continue;
+        Rgb rgb;
+        if (baseBars.Holds(i) && p.Screen()) {
+            p.Width(selected);
+            rgb = baseColour;
+        } else if (BarListed(in.connection, i) && p.Screen()) {
+            p.Width(selected);
+            rgb = analogousColour;
+        } else {
+            p.Width(normal);
+            rgb = ColourOfCode(b.colour);
+        }
+        p.Line(ProjectedXOf(in.view, b.pointI), ProjectedYOf(in.view, b.pointI),
+               ProjectedXOf(in.view, b.pointJ), ProjectedYOf(in.view, b.pointJ), b.colour, rgb);
+    }
+}
+
+void DrawNodes(const DrawInput &in, Painter &p) {
+    const StructureModel &model = in.model;
+    const double radius = PixelsToUnits(p.Metrics(), in.display(opt::kNodeRadius));
+    const int normal = PixelWidth(in.display(opt::kWidthNormal));
+    const int selected = PixelWidth(in.display(opt::kWidthSelected));
+    const Rgb baseColour = OptionColour(in.display(opt::kBaseNodeColour));
+    const Rgb highlight = OptionColour(in.display(opt::kHighlightColour));
+    const bool analogousHighlighted = in.display(opt::kColourAnalogous) == 1;
+    for (int i = 0; i < model.nodeCount; ++i) {
+        const Node &n = model.nodes[i];
+        if (!IsLive(n) || !in.view.nodeShown[i])
+            continue;
+        const Rgb own = ColourOfCode(n.colour);
+        Rgb rgb;
+        if (!p.Screen()) {
+            rgb = own;
+        } else if (i == in.connection.baseNode) {
+            p.Width(selected);
+            rgb = baseColour;
+        } else if (!NodeListed(in.connection, i)) {
+            p.Width(normal);
+            rgb = analogousHighlighted ? own : highlight;
+        } else {
+            p.Width(selected);
+            rgb = analogousHighlighted ? highlight : own;
+        }
+        p.Circle(ProjectedXOf(in.view, n.pointIndex), ProjectedYOf(in.view, n.pointIndex), radius,
+                 n.colour, rgb);
+    }
+}
+
+struct LabelStyle {
+    double width, height, distance;
+    int colour;
+};
+
+void DrawNodeLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
+    const StructureModel &model = in.model;
+    const bool name = in.display(opt::kNodeLabelName) == 1;
+    const bool constraint = in.display(opt::kNodeLabelConstraint) == 1;
+    std::string text;
+    for (int i = 0; i < model.nodeCount; ++i) {
+        const Node &n = model.nodes[i];
+        if (!IsLive(n) || !in.view.nodeShown[i])
+            continue;
+        text.clear();
+        if (name)
+            AppendPart(text, "N", n.name);
+        if (constraint)
+            AppendPart(text, "V", n.constraintCard + 1);
+        if (text.empty())
+            continue;
+        const double chars = static_cast<double>(text.size());
+        const double x = ProjectedXOf(in.view, n.pointIndex) - style.distance - chars * style.width;
+        const double y = ProjectedYOf(in.view, n.pointIndex) - style.height - style.distance;
+        DrawText(in.font, text, x, y, 0, style.width, style.height, style.colour, p.Target());
+    }
+}
+
+void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
+    const StructureModel &model = in.model;
+    const bool name = in.display(opt::kBarLabelName) == 1;
+    const bool section = in.display(opt::kBarLabelSection) == 1;
+    const bool sectionCard = in.display(opt::kBarLabelSectionCard) == 1;
+    const bool orientation = in.display(opt::kBarLabelOrientation) == 1;
+    const bool release = in.display(opt::kBarLabelRelease) == 1;
+    const double pi = 4 * std::atan(1.0);
+    std::string text;
+    for (int i = 0; i < model.barCount; ++i) {
+        const Bar &b = model.bars[i];
+        if (!IsLive(b) || !in.view.barShown[i])
+            continue;
+        text.clear();
+        if (name)
+            AppendPart(text, "A", b.name);
+        if (section) {
+            const std::string_view sectionName = Trimmed(SectionNameOf(model, b.sectionCard));
+            if (!sectionName.empty()) {
+                if (!text.empty())
+                    text += ' ';
+                text += sectionName;
+            }
+        }
+        if (sectionCard)
+            AppendPart(text, "S", b.sectionCard + 1);
+        if (orientation)
+            AppendPart(text, "O", b.orientationCard + 1);
+        if (release)
+            AppendPart(text, "C", b.releaseCard + 1);
+        if (text.empty())
+            continue;
+        const double x1 = ProjectedXOf(in.view, b.pointI), y1 = ProjectedYOf(in.view, b.pointI);
+        const double x2 = ProjectedXOf(in.view, b.pointJ), y2 = ProjectedYOf(in.view, b.pointJ);
+        // The text reads left to right along the bar: the angle lies in (-90, 90] degrees.
+        double degrees = 90;
+        if (std::abs(x1 - x2) > 0.0001) {
+            degrees = std::atan(std::abs((y1 - y2) / (x1 - x2))) * 180 / pi;
+            if ((x1 - x2) * (y1 - y2) < 0)
+                degrees = -degrees;
+        }
+        const double theta = degrees * pi / 180;
+        const double along = static_cast<double>(text.size()) * style.width / 2;
+        const double off = style.distance + style.height / 2;
+        const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
+        const double x = mx - along * std::cos(theta) - off * std::sin(theta);
+        const double y = my - along * std::sin(theta) + off * std::cos(theta);
+        DrawText(in.font, text, x, y, static_cast<int>(std::floor(degrees)), style.width,
+                 style.height, style.colour, p.Target());
+    }
+}
+
+void Traverse(const DrawInput &in, Painter &p) {
+    if (in.showAxes) {
+        p.Width(1);
+        DrawAxisTriad(in, p);
+    }
+    DrawShells(in, p);
+    DrawBars(in, p);
+    DrawNodes(in, p);
+    if (p.Screen()) {
+        p.Target().surface->Refresh();
+        p.Width(1);
+    }
+    const LabelStyle style{in.display(opt::kTextWidth), in.display(opt::kTextHeight),
+                           in.display(opt::kTextDistance),
+                           OptionCode(in.display(opt::kTextColour))};
+    if (in.display(opt::kNodeLabels) == 1)
+        DrawNodeLabels(in, style, p);
+    if (in.display(opt::kBarLabels) == 1)
+        DrawBarLabels(in, style, p);
+}
+
+} // namespace
+
+void DrawStructure(const DrawInput &in, Canvas &surface) {
+    surface.Clear();
+    Painter painter(surface, DrawTarget{&surface, nullptr, nullptr});
+    Traverse(in, painter);
+}
+
+void DrawStructure(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers, Ui &ui) {
+    Painter painter(surface, DrawTarget{nullptr, &buffers, &ui});
+    Traverse(in, painter);
+}
+
+} // namespace vorna

@@ -1,0 +1,105 @@
+// The vector stroke font "font.001" that writes every label, and the text primitive over it.
+#include "view/stroke_font.h"
+
+#include "platform/native_path.h"
+#include "platform/number_text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+// Glyph cells are 99 units wide; the baseline sits at 30 and 69 units span the capitals.
+constexpr double kCellWidth = 99, kBaseline = 30, kCapHeight = 69;
+
+// A two-character coordinate field, blank or missing text counting 0.
+std::int16_t Field(std::string_view line, std::size_t pos) {
+    if (pos >= line.size())
+        return 0;
+    const double v = RoundHalfEven(LeadingNumber(line.substr(pos, 2)));
+    return static_cast<std::int16_t>(std::clamp(v, -99.0, 99.0));
+}
+
+void ReadGlyph(std::string_view line, StrokeFont &font) {
+    while (!line.empty() && line.back() == ' ')
+        line.remove_suffix(1);
+    if (line.empty())
+        return;
+    const auto code = static_cast<unsigned char>(line[0]);
+    const double strokes = RoundHalfEven(static_cast<double>(line.size() - 1) / 8);
+    const int points = std::min(2 * static_cast<int>(strokes), kGlyphPoints);
+    font.glyphPointCount[code] = static_cast<std::int16_t>(points);
+    for (int k = 0; k < points; ++k) {
+        font.glyphX[code][k] = Field(line, 1 + 4 * static_cast<std::size_t>(k));
+        font.glyphY[code][k] = Field(line, 3 + 4 * static_cast<std::size_t>(k));
+    }
+}
+
+} // namespace
+
+bool ParseStrokeFont(std::string text, StrokeFont &font) {
+    std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
+    TextCursor cursor{std::move(text), 0};
+    std::string_view field;
+    if (!ReadTextField(cursor, field))
+        return true; // an empty file: no glyphs, nothing unreadable
+    const auto narrowing = ToInt16(LeadingNumber(field));
+    if (!narrowing)
+        return false;
+    font.glyphNarrowing = *narrowing;
+    std::string_view line;
+    while (ReadLine(cursor, line))
+        ReadGlyph(line, font);
+    return true;
+}
+
+void LoadStrokeFont(std::string_view programsFolder, StrokeFont &font, Ui &ui) {
+    std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
+    const std::string name = std::string(programsFolder) + "\\font.001";
+    const auto path = NativePath(name);
+    if (!FileExists(path)) {
+        ui.MessageBox("File " + name + " inesistente!", "ERRORE", MsgIcon::Critical,
+                      MsgButtons::Ok);
+        return;
+    }
+    auto bytes = ReadWholeFile(path);
+    if (!bytes || !ParseStrokeFont(std::move(*bytes), font))
+        ui.MessageBox("Errore in lettura del file " + name + " !", "ERRORE", MsgIcon::Critical,
+                      MsgButtons::Ok);
+}
+
+void DrawText(const StrokeFont &font, std::string_view text, double x, double y, int angle,
+              double charWidth, double charHeight, int colour, const DrawTarget &target) {
+    if (charWidth == 0 || charHeight == 0)
+        return;
+    if (!target.surface && target.buffers && target.buffers->gendis) {
+        if (target.ui)
+            AddTextElement(*target.buffers, *target.ui, text, x, y, angle, charWidth, charHeight,
+                           colour);
+        return;
+    }
+    const double a = angle * (4 * std::atan(1.0)) / 180;
+    const double cosA = std::cos(a), sinA = std::sin(a);
+    const double sx = charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
+    const double sy = charHeight / kCapHeight;
+    for (std::size_t k = 0; k < text.size(); ++k) {
+        const auto code = static_cast<unsigned char>(text[k]);
+        const double ox = x + static_cast<double>(k) * charWidth * cosA;
+        const double oy = y + static_cast<double>(k) * charWidth * sinA;
+        const int points = std::min<int>(font.glyphPointCount[code], kGlyphPoints);
+        for (int j = 0; j + 1 < points; j += 2) {
+            double ends[4];
+            for (int e = 0; e < 2; ++e) {
+                const double u = font.glyphX[code][j + e] * sx;
+                const double v = (font.glyphY[code][j + e] - kBaseline) * sy;
+                ends[2 * e] = ox + u * cosA - v * sinA;
+                ends[2 * e + 1] = oy + u * sinA + v * cosA;
+            }
+            DrawLine(target, ends[0], ends[1], ends[2], ends[3], colour);
+        }
+    }
+}
+
+} // namespace vorna

@@ -1,0 +1,774 @@
+// Tests of the 3D view: projection, filters and fit, rendering, the stroke font and primitives,
+// the drawing buffers, and the navigation gestures through the window's commands.
+#include "app/commands.h"
+#include "recording_canvas.h"
+#include "test_support.h"
+#include "view/navigation.h"
+#include "view/primitives.h"
+#include "view/projection.h"
+#include "view/render.h"
+#include "view/stroke_font.h"
+#include "view/visibility.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <random>
+
+namespace vorna {
+namespace {
+
+using test::CanvasCall;
+using test::RecordingCanvas;
+
+constexpr Rgb kWhite = 0xFFFFFF, kGreen = 65280, kCyan = 16776960, kYellow = 65535,
+              kBlue = 16711680;
+
+// A model built by hand, seen at angles 0, 0, 0: drawing x = model x, drawing y = model z.
+struct Scene {
+    StructureModel model;
+    ViewState view;
+    DisplayOptions display;
+    InternalOptions internal;
+    ConnectionState connection;
+    StrokeFont font;
+
+    Scene() {
+        SetDefaultDisplayOptions(display);
+        font.glyphPointCount.fill(-1);
+    }
+    int Pt(double x, double z, double y = 0) {
+        model.points[model.pointCount] = {x, y, z};
+        return model.pointCount++;
+    }
+    int AddNode(int point, int colour, int name, int constraint = 0) {
+        model.nodes[model.nodeCount] = {
+            static_cast<std::int16_t>(point), 0, static_cast<std::int16_t>(colour),
+            static_cast<std::int16_t>(name), static_cast<std::int16_t>(constraint)};
+        return model.nodeCount++;
+    }
+    int AddBar(int i, int j, int colour, int name) {
+        Bar &b = model.bars[model.barCount];
+        b = {};
+        b.pointI = static_cast<std::int16_t>(i);
+        b.pointJ = static_cast<std::int16_t>(j);
+        b.colour = static_cast<std::int16_t>(colour);
+        b.name = static_cast<std::int16_t>(name);
+        return model.barCount++;
+    }
+    int AddShell(std::array<std::int16_t, 4> v, int colour, int thicknessCard) {
+        model.shells[model.shellCount] = {v, static_cast<std::int16_t>(model.shellCount + 1),
+                                          static_cast<std::int16_t>(thicknessCard),
+                                          static_cast<std::int16_t>(colour)};
+        return model.shellCount++;
+    }
+    void Project(double a = 0, double b = 0, double c = 0) {
+        ProjectStructure(model, view, a, b, c);
+    }
+    void ShowAll() {
+        std::fill(view.nodeShown.begin(), view.nodeShown.end(), 1);
+        std::fill(view.barShown.begin(), view.barShown.end(), 1);
+        std::fill(view.shellShown.begin(), view.shellShown.end(), 1);
+    }
+    DrawInput Input(bool axes = false) const {
+        return {model, view, display, internal, connection, font, axes};
+    }
+    void Glyph(unsigned char c, std::initializer_list<std::pair<int, int>> points) {
+        int k = 0;
+        for (auto [x, y] : points) {
+            font.glyphX[c][k] = static_cast<std::int16_t>(x);
+            font.glyphY[c][k++] = static_cast<std::int16_t>(y);
+        }
+        font.glyphPointCount[c] = static_cast<std::int16_t>(k);
+    }
+};
+
+// The program with recording fakes, the model of a Scene, and the first view built.
+struct App {
+    test::RecordingUi ui;
+    RecordingCanvas disegno{15000, 15000};
+    RecordingCanvas picture;
+    std::unique_ptr<Program> p = std::make_unique<Program>(ui, disegno, picture);
+
+    explicit App(const Scene &scene) {
+        p->model = scene.model;
+        p->font = scene.font;
+        SetDefaultDisplayOptions(p->displayOptions);
+        for (auto &a : p->form.Angolo)
+            a.text = "0";
+        p->structureLoaded = true;
+        BuildFirstView(*p);
+    }
+    void Click(double x, double y, int button = kLeftButton) {
+        Disegno_MouseDown(*p, button, 0, x, y);
+        Disegno_MouseUp(*p, button, 0, x, y);
+    }
+    void Move(double x, double y, int buttons = 0) { Disegno_MouseMove(*p, buttons, 0, x, y); }
+};
+
+void ExpectWindow(const ViewWindow &w, double xMax, double xMin, double yMax, double yMin) {
+    EXPECT_NEAR(w.xMax, xMax, 1e-4);
+    EXPECT_NEAR(w.xMin, xMin, 1e-4);
+    EXPECT_NEAR(w.yMax, yMax, 1e-4);
+    EXPECT_NEAR(w.yMin, yMin, 1e-4);
+}
+
+TEST(ViewProjection, AnglesPlaceTheModelAxes) {
+    Scene s;
+    s.Pt(3, 5, 4);
+    s.Project();
+    EXPECT_DOUBLE_EQ(s.view.projectedX[0], 3);
+    EXPECT_DOUBLE_EQ(s.view.projectedY[0], 5);
+
+    // The start-up view; the second angle is the turn about Z with its sign reversed.
+    s.Project(30, 30, 0);
+    const std::array<double, 6> expected = {0.866, -0.25, 0.5, 0.433, 0, 0.866};
+    for (int k = 0; k < 6; ++k)
+        EXPECT_NEAR(s.view.axisImage[k], expected[k], 1e-3) << k;
+    EXPECT_NEAR(s.view.projectedX[0], 3 * 0.8660254 + 4 * 0.5, 1e-6);
+    EXPECT_NEAR(s.view.projectedY[0], -3 * 0.25 + 4 * 0.4330127 + 5 * 0.8660254, 1e-6);
+}
+
+TEST(ViewFilter, IntervalsToleranceReversedBoxesAndCheckBoxes) {
+    Scene s;
+    for (double x : {0.7, 9.4, -0.5})
+        s.AddNode(s.Pt(x, 0), 3, s.model.nodeCount + 1);
+    s.AddBar(0, 1, 2, 1);
+    s.AddShell({0, 1, 1, -1}, 2, 0);
+    VisibilityFilter f;
+    f.x0 = 1, f.x1 = 9;
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.nodeShown[0] + 2 * s.view.nodeShown[1] + 4 * s.view.nodeShown[2], 3);
+
+    std::swap(f.x0, f.x1);
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.nodeShown[0] + 2 * s.view.nodeShown[1] + 4 * s.view.nodeShown[2], 3);
+    EXPECT_EQ(s.view.barShown[0], 1);
+
+    f.nodes = false; // hides nodes only
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.nodeShown[0], 0);
+    EXPECT_EQ(s.view.barShown[0], 1);
+    EXPECT_EQ(s.view.shellShown[0], 1);
+
+    f.nodes = true; // with an empty list every element is non-analogous
+    f.nonAnalogous = false;
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.nodeShown[0] + s.view.barShown[0] + s.view.shellShown[0], 1);
+    s.connection.nodeListed[0] = 1;
+    s.connection.barUses[0] = 2;
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.nodeShown[0] + s.view.nodeShown[1] + s.view.barShown[0], 2);
+}
+
+TEST(ViewFilter, ThinShellsHiddenBelowTheMinimumAndNotDrawnAtIt) {
+    Scene s;
+    const int a = s.Pt(0, 0), b = s.Pt(10, 0), c = s.Pt(10, 10);
+    s.model.thicknessCardCount = 3;
+    s.model.thicknessValues[0] = 19.99;
+    s.model.thicknessValues[1] = 20;
+    s.model.thicknessValues[2] = 20.01;
+    for (int card = 0; card < 3; ++card)
+        s.AddShell({std::int16_t(a), std::int16_t(b), std::int16_t(c), -1}, 2 + card, card);
+    VisibilityFilter f;
+    f.x0 = 0, f.x1 = 10, f.z0 = 0, f.z1 = 10;
+    f.hideThinShells = true;
+    f.minShellThickness = 20;
+    s.Project();
+    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    EXPECT_EQ(s.view.shellShown[0], 0);
+    EXPECT_EQ(s.view.shellShown[1], 1);
+    EXPECT_EQ(s.view.shellShown[2], 1);
+
+    s.display.values[opt::kMinShellThickness] = OptionValue::Of(20);
+    RecordingCanvas canvas;
+    DrawStructure(s.Input(), canvas);
+    auto lines = canvas.Of(CanvasCall::Line);
+    ASSERT_EQ(lines.size(), 3u); // only the 20.01 shell, drawn in its own colour
+    EXPECT_EQ(lines[0].colour, ColourOfCode(4));
+
+    s.display.values[opt::kHideThinShells] = OptionValue::Of(0);
+    RecordingCanvas all;
+    DrawStructure(s.Input(), all);
+    EXPECT_EQ(all.Of(CanvasCall::Line).size(), 6u); // the filter still hides the thinnest
+}
+
+TEST(ViewFit, MarginCentringZoomWindowAndDegenerateExtents) {
+    Scene s;
+    s.AddNode(s.Pt(0, 0), 3, 1);
+    s.AddNode(s.Pt(100, 100), 3, 2);
+    s.Project();
+    RecordingCanvas wide(30000, 15000);
+    VisibilityFilter f;
+    f.x0 = f.z0 = 0, f.x1 = f.z1 = 100;
+    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    // 10 % on the maximum side, 11 % on the minimum side: 1.21 times the structure.
+    ExpectWindow(s.view.shownWindow, 110, -11, 110, -11);
+    const ScaleRect sc = wide.Scale();
+    EXPECT_NEAR(sc.height, -121, 1e-9); // the height fixes the scale
+    EXPECT_NEAR(sc.width, 242, 1e-9);
+    EXPECT_NEAR(sc.left + sc.width / 2, 50 - 0.005 * 100, 1e-9);
+    EXPECT_NEAR(sc.top, 49.5 + 60.5, 1e-9);
+    EXPECT_NEAR(s.view.viewScale, 15000.0 / 121, 1e-9);
+
+    s.view.zoomWindow = {40, 20, 60, 40};
+    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    ExpectWindow(s.view.shownWindow, 42, 17.8, 62, 37.8);
+    s.view.zoomWindow = {30, 30, 60, 40}; // no width: fit again
+    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    ExpectWindow(s.view.shownWindow, 110, -11, 110, -11);
+
+    f.x1 = 50; // only node 0 shown: no extent, the scale stays
+    wide.calls.clear();
+    EXPECT_FALSE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    EXPECT_TRUE(wide.calls.empty());
+}
+
+// Two shells, three bars and three nodes with a base node, a base bar, an analogous node and
+// an analogous bar; dead elements that must never appear.
+Scene HighlightScene() {
+    Scene s;
+    const int p0 = s.Pt(0, 0), p1 = s.Pt(10, 0), p2 = s.Pt(10, 10), p3 = s.Pt(0, 10),
+              p4 = s.Pt(20, 0);
+    s.model.thicknessCardCount = 1;
+    s.model.thicknessValues[0] = 30;
+    s.AddShell({std::int16_t(p0), std::int16_t(p1), std::int16_t(p2), std::int16_t(p3)}, 6, 0);
+    s.AddShell({std::int16_t(p1), std::int16_t(p4), std::int16_t(p2), -1}, 7, 0);
+    s.AddBar(p0, p1, 3, 1); // base bar, also in the base node's record
+    s.AddBar(p1, p4, 2, 2); // bar of an analogous node
+    s.AddBar(p3, p2, 4, 3);
+    s.AddBar(p0, p2, 4, 0);  // name 0
+    s.AddBar(p0, p3, 12, 5); // colour 12
+    s.AddNode(p0, 5, 1);     // base node, listed too
+    s.AddNode(p1, 3, 2);     // analogous
+    s.AddNode(p4, 9, 3);
+    s.AddNode(p2, 10, 4);
+    s.AddNode(p3, 2, 0);
+    s.connection.baseNode = 0;
+    s.connection.baseBars[0] = 0;
+    s.connection.baseBarCount = 1;
+    s.connection.nodeListed[0] = s.connection.nodeListed[1] = 1;
+    s.connection.barUses[0] = s.connection.barUses[1] = 1;
+    s.Project();
+    s.ShowAll();
+    return s;
+}
+
+TEST(ViewRender, OrderColoursAndWidthsOfEveryHighlight) {
+    Scene s = HighlightScene();
+    RecordingCanvas canvas;
+    DrawStructure(s.Input(), canvas);
+    // Clear, shells at width 1, base bar and analogous bar at 4, plain bar at 1, base node and
+    // analogous node at 4, plain node at 1, refresh; widths only where they change.
+    EXPECT_EQ(canvas.Sequence(), "CWLLLLLLLWLLWLWAAWAR");
+    std::vector<int> widths;
+    for (const auto &c : canvas.Of(CanvasCall::Width))
+        widths.push_back(c.width);
+    EXPECT_EQ(widths, (std::vector<int>{1, 4, 1, 4, 1}));
+    auto lines = canvas.Of(CanvasCall::Line);
+    EXPECT_EQ(lines[0].colour, ColourOfCode(6));
+    EXPECT_EQ(lines[3].x1, 0); // quad closes 3-0
+    EXPECT_EQ(lines[3].y1, 10);
+    EXPECT_EQ(lines[6].colour, ColourOfCode(7));
+    EXPECT_EQ(lines[5].x1, 20); // triangle 1-4-2 closes 2-1
+    EXPECT_EQ(lines[6].y2, 0);
+    EXPECT_EQ(lines[7].colour, kCyan);
+    EXPECT_EQ(lines[8].colour, kYellow);
+    EXPECT_EQ(lines[9].colour, ColourOfCode(4));
+    auto arcs = canvas.Of(CanvasCall::Arc);
+    EXPECT_EQ(arcs[0].colour, kGreen);
+    EXPECT_EQ(arcs[1].colour, kBlue);
+    EXPECT_EQ(arcs[2].colour, ColourOfCode(9));
+    EXPECT_NEAR(arcs[2].radius, 0.5, 1e-12); // 5 pixels of 0.1 units
+    EXPECT_EQ(arcs[2].x1, 20);
+
+    // Non-analogous nodes highlighted instead: with nothing listed every node takes the colour.
+    s.display.values[opt::kColourAnalogous] = OptionValue::Of(0);
+    s.connection = ConnectionState{};
+    RecordingCanvas swapped;
+    DrawStructure(s.Input(), swapped);
+    for (const auto &a : swapped.Of(CanvasCall::Arc))
+        EXPECT_EQ(a.colour, kBlue);
+}
+
+TEST(ViewRender, DrawingMatchesLinearLookupsOnRandomConnections) {
+    std::mt19937 rng(7);
+    for (int round = 0; round < 20; ++round) {
+        Scene s;
+        const int points = 60;
+        for (int i = 0; i < points; ++i)
+            s.Pt(static_cast<double>(rng() % 100), static_cast<double>(rng() % 100));
+        for (int i = 0; i < 300; ++i)
+            s.AddBar(int(rng() % points), int(rng() % points), int(rng() % 11), int(rng() % 4));
+        for (int i = 0; i < points; ++i)
+            s.AddNode(i, int(rng() % 11), int(rng() % 4));
+        // Base bars in gathering order, not sorted; records with bars drawn at random.
+        ConnectionState &c = s.connection;
+        c.baseNode = static_cast<std::int16_t>(rng() % points);
+        c.baseBarCount = static_cast<std::int16_t>(rng() % 30);
+        for (int k = 0; k < c.baseBarCount; ++k)
+            c.baseBars[k] = static_cast<std::int16_t>(rng() % 300);
+        for (int r = 0, n = int(rng() % 20); r < n; ++r) {
+            AnalogousNode a;
+            a.node = static_cast<std::int16_t>(rng() % points);
+            a.barCount = 3;
+            for (int k = 0; k < 3; ++k)
+                a.bars[k] = static_cast<std::int16_t>(rng() % 300);
+            c.analogousNodes.push_back(a);
+            c.nodeListed[a.node] = 1;
+            for (int k = 0; k < 3; ++k)
+                ++c.barUses[a.bars[k]];
+        }
+        s.Project();
+        s.ShowAll();
+        for (int i = 0; i < 300; i += 7)
+            s.view.barShown[i] = 0;
+        RecordingCanvas canvas;
+        DrawStructure(s.Input(), canvas);
+
+        // The written procedure: linear searches of the base bars and of every record.
+        std::vector<std::pair<Rgb, int>> expected, drawn;
+        auto inRecords = [&](auto test) {
+            return std::any_of(c.analogousNodes.begin(), c.analogousNodes.end(), test);
+        };
+        for (int i = 0; i < s.model.barCount; ++i) {
+            const Bar &b = s.model.bars[i];
+            if (!IsLive(b) || !s.view.barShown[i])
+                continue;
+            const bool base = std::find(c.baseBars.begin(), c.baseBars.begin() + c.baseBarCount,
+                                        i) != c.baseBars.begin() + c.baseBarCount;
+            const bool listed = inRecords([&](const AnalogousNode &a) {
+                return std::find(a.bars.begin(), a.bars.begin() + a.barCount, i) !=
+                       a.bars.begin() + a.barCount;
+            });
+            expected.push_back(base     ? std::pair{kCyan, 4}
+                               : listed ? std::pair{kYellow, 4}
+                                        : std::pair{ColourOfCode(b.colour), 1});
+        }
+        for (int i = 0; i < s.model.nodeCount; ++i) {
+            const Node &n = s.model.nodes[i];
+            if (!IsLive(n))
+                continue;
+            const bool listed = inRecords([&](const AnalogousNode &a) { return a.node == i; });
+            expected.push_back(i == c.baseNode ? std::pair{kGreen, 4}
+                               : listed        ? std::pair{kBlue, 4}
+                                               : std::pair{ColourOfCode(n.colour), 1});
+        }
+        int width = 0;
+        for (const auto &call : canvas.calls) {
+            if (call.kind == CanvasCall::Width)
+                width = call.width;
+            else if (call.kind == CanvasCall::Line || call.kind == CanvasCall::Arc)
+                drawn.emplace_back(call.colour, width);
+        }
+        ASSERT_EQ(drawn, expected) << "round " << round;
+    }
+}
+
+TEST(ViewRender, LabelsTextPlacementAndAngles) {
+    Scene s;
+    s.display.values[opt::kNodeLabels] = OptionValue::Of(1);
+    s.display.values[opt::kBarLabels] = OptionValue::Of(1);
+    s.model.sectionNames[1] = " HEA200 ";
+    s.AddNode(s.Pt(100, 50), 3, 12, 2);
+    const int a = s.Pt(0, 0), b = s.Pt(0, 10), c = s.Pt(30, 40), d = s.Pt(30, 0);
+    s.AddBar(a, b, 2, 7);           // vertical
+    s.AddBar(c, a, 2, 8);           // rising
+    s.AddBar(s.Pt(0, 40), d, 2, 9); // falling, left end higher
+    for (int k = 0; k < 3; ++k) {
+        s.model.bars[k].sectionCard = 1;
+        s.model.bars[k].orientationCard = 2;
+        s.model.bars[k].releaseCard = 3;
+    }
+    s.Project();
+    s.ShowAll();
+    // The export pass in drawing mode "gendis" keeps the texts whole.
+    RecordingCanvas metrics;
+    test::RecordingUi ui;
+    DrawBuffers buffers;
+    buffers.gendis = true;
+    DrawStructure(s.Input(), metrics, buffers, ui);
+    ASSERT_EQ(buffers.texts.size(), 4u);
+    auto at = [&](const TextElement &t) {
+        return std::pair{buffers.coordX[t.point], buffers.coordY[t.point]};
+    };
+    EXPECT_EQ(buffers.texts[0].text, "N12 V3");
+    EXPECT_NEAR(at(buffers.texts[0]).first, 100 - 5 - 6 * 5, 1e-9);
+    EXPECT_NEAR(at(buffers.texts[0]).second, 50 - 5 - 5, 1e-9);
+    EXPECT_EQ(buffers.texts[0].colour, 1);
+    EXPECT_EQ(buffers.texts[0].width, 50);
+    EXPECT_EQ(buffers.texts[1].text, "A7 HEA200 S2 O3 C4");
+    EXPECT_EQ(buffers.texts[1].angle, 90);
+    EXPECT_NEAR(at(buffers.texts[1]).first, -7.5, 1e-9); // lifted off by D + H/2
+    EXPECT_NEAR(at(buffers.texts[1]).second, 5 - 18 * 5 / 2.0, 1e-9);
+    EXPECT_EQ(buffers.texts[2].angle, 53);  // atan(4/3) = 53.13 degrees
+    EXPECT_EQ(buffers.texts[3].angle, -54); // whole degrees toward minus infinity
+    EXPECT_TRUE(metrics.calls.empty());
+    EXPECT_TRUE(buffers.arcs.size() == 1 && buffers.arcs[0].colour == 3);
+
+    s.display.values[opt::kNodeLabelName] = OptionValue::Of(0);
+    s.display.values[opt::kBarLabels] = OptionValue::Of(0);
+    s.model.nodes[0].constraintCard = 0;
+    DrawBuffers again;
+    again.gendis = true;
+    DrawStructure(s.Input(), metrics, again, ui);
+    ASSERT_EQ(again.texts.size(), 1u);
+    EXPECT_EQ(again.texts[0].text, "V1");
+}
+
+TEST(ViewRender, AxisTriadStaysInTheBottomLeftCorner) {
+    Scene s;
+    for (char c : {'X', 'Y', 'Z'}) // one baseline stroke: its start is the letter's start
+        s.Glyph(static_cast<unsigned char>(c), {{0, 30}, {99, 30}});
+    s.internal.values[opt::kAxisColour] = 3;
+    s.Project();            // X to the right, Y at the viewer, Z up
+    RecordingCanvas canvas; // 0.1 units per pixel: A 2.5, T 0.7, M 1.5, bottom at 0
+    DrawStructure(s.Input(true), canvas);
+    auto lines = canvas.Of(CanvasCall::Line);
+    ASSERT_EQ(lines.size(), 6u);
+    const double t = 0.7, root2 = std::sqrt(2.0);
+    EXPECT_EQ(lines[0].colour, ColourOfCode(3));
+    EXPECT_NEAR(lines[0].x1, 1.5, 1e-12);
+    EXPECT_NEAR(lines[0].y1, 1.5, 1e-12);
+    EXPECT_NEAR(lines[0].x2, 4.0, 1e-12);
+    EXPECT_EQ(lines[1].colour, kWhite); // letter X just beyond the tip
+    EXPECT_NEAR(lines[1].x1, 4.0 + 0.7 * root2 * t - t / 2, 1e-9);
+    EXPECT_NEAR(lines[1].y1, 1.5 - t / 2, 1e-9);
+    EXPECT_NEAR(lines[3].x1, 1.5 - t / 2, 1e-9); // Y above the origin
+    EXPECT_NEAR(lines[3].y1, 1.5 + (1.1 * root2 - 0.5) * t, 1e-9);
+    EXPECT_NEAR(lines[4].y2, 4.0, 1e-12);
+
+    s.Project(0, 180, 0); // X now points left: the origin moves right by its reach
+    RecordingCanvas turned;
+    DrawStructure(s.Input(true), turned);
+    auto first = turned.Of(CanvasCall::Line)[0];
+    EXPECT_NEAR(first.x1, 1.5 + 2.5 + 1.2 * root2 * t, 1e-6);
+    EXPECT_NEAR(first.x2, first.x1 - 2.5, 1e-6);
+}
+
+TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
+    StrokeFont font;
+    const std::string long60 = "C" + [] {
+        std::string s;
+        for (int k = 0; k < 120; ++k)
+            s += "1020";
+        return s;
+    }();
+    ASSERT_TRUE(ParseStrokeFont("10\r\nA1030204050607080\r\nB103020405060   \r\n"
+                                "B103020405060708010203040\r\n" +
+                                    long60 + "\r\nD99\r\n",
+                                font));
+    EXPECT_EQ(font.glyphNarrowing, 10);
+    EXPECT_EQ(font.glyphPointCount['A'], 4);
+    EXPECT_EQ(font.glyphX['A'][3], 70);
+    EXPECT_EQ(font.glyphY['A'][3], 80);
+    EXPECT_EQ(font.glyphPointCount['B'], 6); // the later line replaced the first
+    EXPECT_EQ(font.glyphPointCount['C'], 100);
+    EXPECT_EQ(font.glyphPointCount['D'], 0); // round(2 / 8) strokes
+    EXPECT_EQ(font.glyphPointCount['E'], -1);
+
+    StrokeFont shortLine;
+    ASSERT_TRUE(ParseStrokeFont("0\r\nB103020405060\r\n", shortLine));
+    EXPECT_EQ(shortLine.glyphPointCount['B'], 4); // round(1.5) = 2 strokes
+    EXPECT_EQ(shortLine.glyphX['B'][2], 50);
+    EXPECT_EQ(shortLine.glyphX['B'][3], 0);
+    EXPECT_EQ(shortLine.glyphY['B'][3], 0);
+
+    test::TempDir dir;
+    const std::string folder = dir.path().string() + "\\progra";
+    test::RecordingUi ui;
+    StrokeFont missing;
+    LoadStrokeFont(folder, missing, ui);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "File " + folder + "\\font.001 inesistente!");
+    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(missing.glyphPointCount['A'], -1);
+
+    dir.Write("progra/font.001", "99999\r\nA1030204050607080\r\n");
+    LoadStrokeFont(folder, missing, ui);
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[1].text, "Errore in lettura del file " + folder + "\\font.001 !");
+}
+
+// The demo suite's font, built from the Hershey fonts, read back by the program's loader.
+TEST(StrokeFont, BuiltFontLoadsWithinTheCell) {
+    test::TempDir dir;
+    const std::string command =
+        std::string(VORNA_DEMO_TOOL) + " " + dir.path().string() + " >/dev/null";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    StrokeFont font;
+    test::RecordingUi ui;
+    LoadStrokeFont(dir.path().string() + "\\progra", font, ui);
+    ASSERT_TRUE(ui.messages.empty());
+    EXPECT_EQ(font.glyphNarrowing, 0);
+    EXPECT_EQ(font.glyphPointCount[' '], -1);
+    for (int c = 33; c <= 126; ++c) {
+        const int n = font.glyphPointCount[c];
+        ASSERT_TRUE(n >= 2 && n <= kGlyphPoints && n % 2 == 0) << char(c);
+        for (int k = 0; k < n; ++k)
+            ASSERT_TRUE(font.glyphX[c][k] >= 0 && font.glyphX[c][k] <= 99 &&
+                        font.glyphY[c][k] >= 0 && font.glyphY[c][k] <= 99)
+                << char(c);
+    }
+    // Capitals stand on the baseline and reach the top; "]" is the diameter sign.
+    const auto &ay = font.glyphY['H'];
+    const auto [low, high] =
+        std::minmax_element(ay.begin(), ay.begin() + font.glyphPointCount['H']);
+    EXPECT_EQ(*low, 30);
+    EXPECT_GE(*high, 97);
+    EXPECT_EQ(font.glyphPointCount[']'], 34);
+}
+
+TEST(StrokeFont, DrawTextAdvancesRotatesAndNarrows) {
+    Scene s;
+    s.Glyph('I', {{0, 30}, {0, 99}, {10, 30}, {10, 30}}); // a stem and a zero-length stroke
+    s.Glyph('-', {{0, 30}, {99, 30}});
+    RecordingCanvas canvas;
+    const DrawTarget target{&canvas, nullptr, nullptr};
+    DrawText(s.font, "I?I", 10, 20, 0, 5, 5, 3, target);
+    auto lines = canvas.Of(CanvasCall::Line);
+    ASSERT_EQ(lines.size(), 2u); // no glyph for "?", still one advance
+    EXPECT_NEAR(lines[0].x1, 10, 1e-12);
+    EXPECT_NEAR(lines[0].y2, 25, 1e-12);
+    EXPECT_NEAR(lines[1].x1, 20, 1e-12);
+    EXPECT_EQ(lines[1].colour, ColourOfCode(3));
+
+    canvas.calls.clear(); // angle 90: characters stack upwards, strokes turned left
+    DrawText(s.font, "II", 10, 20, 90, 5, 5, 3, target);
+    lines = canvas.Of(CanvasCall::Line);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NEAR(lines[0].x2, 5, 1e-9);
+    EXPECT_NEAR(lines[0].y2, 20, 1e-9);
+    EXPECT_NEAR(lines[1].y1, 25, 1e-9);
+
+    canvas.calls.clear();
+    s.font.glyphNarrowing = 20;
+    DrawText(s.font, "-", 0, 0, 0, 5, 5, 1, target);
+    DrawText(s.font, "-", 0, 0, 0, 0, 5, 1, target);
+    ASSERT_EQ(canvas.Of(CanvasCall::Line).size(), 1u);
+    EXPECT_NEAR(canvas.Of(CanvasCall::Line)[0].x2, 4, 1e-12);
+}
+
+TEST(DrawBuffersTest, CoordinatesAreSharedWithinTheLast31) {
+    test::RecordingUi ui;
+    DrawBuffers b;
+    AddLineElement(b, ui, 0, 0, 1, 1, 2);
+    AddLineElement(b, ui, 1, 1.00005, 2, 0, 0);
+    EXPECT_EQ(b.coordX.size(), 3u);
+    EXPECT_EQ(b.lines[1].start, 1);
+    EXPECT_EQ(b.lines[1].colour, 0);
+    for (int k = 0; k < 28; ++k)
+        AddCoordinate(b, ui, 100 + k, 0);
+    EXPECT_EQ(AddCoordinate(b, ui, 0, 0), 0); // the 31st newest: found
+    AddCoordinate(b, ui, 500, 0);
+    EXPECT_EQ(AddCoordinate(b, ui, 0, 0), 32); // the 32nd newest: stored again
+
+    DrawTarget target{nullptr, &b, &ui};
+    DrawLine(target, 5, 5, 5.00005, 5, 1); // too short to draw
+    EXPECT_EQ(b.lines.size(), 2u);
+    DrawArc(target, 10, 0, 4, 0);
+    ASSERT_EQ(b.arcs.size(), 1u);
+    const ArcElement &arc = b.arcs[0];
+    EXPECT_EQ(arc.centre, arc.centre2);
+    EXPECT_EQ(arc.start, arc.end); // a full circle
+    EXPECT_EQ(b.coordX[arc.start], 12);
+    EXPECT_EQ(arc.colour, 1);
+    b.gendis = true;
+    Scene s;
+    DrawText(s.font, "N1", 3, 4, 30, 2.26, 3, 0, target);
+    ASSERT_EQ(b.texts.size(), 1u);
+    EXPECT_EQ(b.texts[0].colour, 1);
+    EXPECT_EQ(b.texts[0].width, 23);
+    EXPECT_EQ(b.texts[0].angle, 30);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST(DrawBuffersTest, LimitsWarnOnceThenDrop) {
+    test::RecordingUi ui;
+    DrawBuffers b;
+    const DrawTarget target{nullptr, &b, &ui};
+    b.lines.resize(kLineCapacity - 1);
+    DrawLine(target, 0, 0, 1, 0, 1);
+    DrawLine(target, 0, 0, 2, 0, 1);
+    EXPECT_EQ(b.lines.size(), std::size_t(kLineCapacity));
+    b.arcs.resize(kArcCapacity - 1);
+    DrawArc(target, 0, 0, 1, 1);
+    DrawArc(target, 0, 0, 1, 1);
+    EXPECT_EQ(b.arcs.size(), std::size_t(kArcCapacity));
+    b.gendis = true;
+    b.texts.resize(kTextCapacity - 1);
+    Scene s;
+    DrawText(s.font, "a", 0, 0, 0, 1, 1, 1, target);
+    DrawText(s.font, "b", 0, 0, 0, 1, 1, 1, target);
+    EXPECT_EQ(b.texts.size(), std::size_t(kTextCapacity));
+    std::vector<std::string> texts;
+    for (const auto &m : ui.messages) {
+        texts.push_back(m.text);
+        EXPECT_EQ(m.title, "Problema");
+        EXPECT_EQ(m.icon, MsgIcon::Exclamation);
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{" Numero eccessivo di elementi di disegno ",
+                                               " Numero eccessivo di elementi di disegno ",
+                                               " Numero eccessivo di testi "}));
+
+    // A full coordinate buffer drops the element that needs a new point.
+    ui.messages.clear();
+    DrawBuffers full;
+    full.coordX.resize(kCoordCapacity - 1, -1);
+    full.coordY.resize(kCoordCapacity - 1, -1);
+    EXPECT_EQ(AddCoordinate(full, ui, 7, 7), kCoordCapacity - 1);
+    EXPECT_EQ(AddCoordinate(full, ui, 8, 8), -1);
+    AddLineElement(full, ui, 9, 9, 7, 7, 1);
+    EXPECT_TRUE(full.lines.empty());
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, " Numero eccessivo di coordinate ");
+}
+
+TEST(ViewNavigation, WheelStepsAboutTheCentre) {
+    ViewState v;
+    v.zoomWindow = {100, 0, 50, 0};
+    EXPECT_TRUE(WheelZoomWindow(v, 1));
+    ExpectWindow(v.zoomWindow, 90, 10, 45, 5);
+    v.zoomWindow = {100, 0, 50, 0};
+    EXPECT_TRUE(WheelZoomWindow(v, -1));
+    ExpectWindow(v.zoomWindow, 110, -10, 55, -5);
+    v.zoomWindow = {};
+    v.shownWindow = {900000, 0, 10, 0}; // from the fit state: the window on screen
+    EXPECT_FALSE(WheelZoomWindow(v, -1));
+    ExpectWindow(v.zoomWindow, 990000, -90000, 11, -1);
+}
+
+// A 100 x 100 square seen at 0, 0, 0 on a square surface: fitted to -11 .. 110.
+Scene Square() {
+    Scene s;
+    s.AddNode(s.Pt(0, 0), 3, 1);
+    s.AddNode(s.Pt(100, 100), 3, 2);
+    s.AddNode(s.Pt(-0.5, -3.2, 2.7), 3, 17);
+    s.AddBar(0, 1, 2, 1);
+    return s;
+}
+
+TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
+    App app(Square());
+    Program &p = *app.p;
+    EXPECT_EQ(p.form.IntX[0].text, "0"); // Int(-0.5 + 0.5)
+    EXPECT_EQ(p.form.IntX[1].text, "100");
+    EXPECT_EQ(p.form.IntZ[0].text, "-3");
+    EXPECT_EQ(p.form.IntY[1].text, "3");
+    EXPECT_TRUE(p.form.LabCoord.visible);
+    EXPECT_FALSE(app.ui.busy);
+    EXPECT_EQ(app.disegno.Sequence().substr(0, 2), "SC");
+
+    // A half-typed angle keeps the last valid one; the view is redrawn all the same.
+    p.form.Angolo[0].text = "";
+    p.form.Angolo[1].text = "30x";
+    p.form.Angolo[2].text = "90";
+    Ridis_Click(p);
+    EXPECT_EQ(p.view.lastAngles, (std::array<double, 3>{0, 0, 90}));
+    EXPECT_NEAR(p.view.projectedX[1], 100, 1e-6); // turned in the picture plane
+    EXPECT_NEAR(p.view.projectedY[1], -100, 1e-6);
+
+    p.form.IntX[0].text = "50";
+    TuttoX_Click(p);
+    EXPECT_EQ(p.form.IntX[0].text, "0");
+
+    app.disegno.calls.clear();
+    VisAssi_Click(p);
+    EXPECT_FALSE(p.form.VisAssi.checked);
+    EXPECT_EQ(app.disegno.Of(CanvasCall::Clear).size(), 1u);
+    VisCoord_Click(p);
+    EXPECT_FALSE(p.form.LabCoord.visible || p.form.Label6.visible);
+}
+
+TEST(ViewCommands, ZoomRectangleEitherWayMoveAndFit) {
+    for (bool reversed : {false, true}) {
+        App app(Square());
+        Program &p = *app.p;
+        p.command.selectionMode = SelectionMode::Direct;
+        ZoomIn_Click(p);
+        EXPECT_EQ(p.form.SottoFunAttiva.caption, "Zoom");
+        EXPECT_EQ(p.form.Disegno.pointer, Pointer::Cross);
+        const double x1 = reversed ? 40 : 10, y1 = reversed ? 60 : 80;
+        const double x2 = reversed ? 10 : 40, y2 = reversed ? 80 : 60;
+        app.Click(x1, y1);
+        EXPECT_TRUE(p.form.Shape.visible);
+        app.Move(x2, y2);
+        EXPECT_NEAR(p.form.Shape.left, 10, 1e-9);
+        EXPECT_NEAR(p.form.Shape.top, 80, 1e-9);
+        app.Move(500, 500); // outside the surface: the band stays
+        EXPECT_NEAR(p.form.Shape.width, 30, 1e-9);
+        app.Click(x2, y2);
+        ExpectWindow(p.view.zoomWindow, 40, 10, 80, 60);
+        EXPECT_FALSE(p.navigation.zoomWindowPending || p.form.Shape.visible);
+        EXPECT_EQ(p.form.SottoFunAttiva.caption, "Selezione diretta");
+        EXPECT_EQ(p.form.Disegno.pointer, Pointer::Default);
+    }
+
+    App app(Square());
+    Program &p = *app.p;
+    p.view.zoomWindow = {60, 20, 70, 30};
+    Ridis_Click(p);
+    const ScaleRect before = app.disegno.Scale();
+    Sposta_Click(p);
+    app.Click(0, 0);
+    app.Move(10, 5);
+    EXPECT_TRUE(p.form.LineSposta.visible);
+    app.Click(10, 5);
+    ExpectWindow(p.view.zoomWindow, 50, 10, 65, 25);
+    EXPECT_NEAR(app.disegno.Scale().left, before.left - 10, 1e-9); // drawn 10 further right
+    EXPECT_NEAR(app.disegno.Scale().top, before.top - 5, 1e-9);
+    EXPECT_FALSE(p.navigation.movePending || p.form.LineSposta.visible);
+
+    Disegno_DblClick(p, kLeftButton);
+    EXPECT_NE(p.view.zoomWindow.xMax, 0);
+    Disegno_DblClick(p, kMiddleButton);
+    ExpectWindow(p.view.zoomWindow, 0, 0, 0, 0);
+    ExpectWindow(p.view.shownWindow, 110.05, -11.555, 110.32, -14.552);
+}
+
+TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
+    App app(Square());
+    Program &p = *app.p;
+    Disegno_MouseDown(p, kMiddleButton, 0, 0, 0);
+    app.Move(10, 5, kMiddleButton); // from the fit state: the shown extent, no margin
+    ExpectWindow(p.view.zoomWindow, 90, -10.5, 95, -8.2);
+    app.Move(20, 5, kMiddleButton);
+    ExpectWindow(p.view.zoomWindow, 80, -20.5, 95, -8.2);
+
+    p.view.zoomWindow = {100, 0, 100, 0};
+    app.disegno.calls.clear();
+    WheelZoom(p, 1);
+    ExpectWindow(p.view.zoomWindow, 90, 10, 90, 10);
+    EXPECT_EQ(app.disegno.Of(CanvasCall::SetScale).size(), 1u);
+
+    Disegno_MouseDown(p, kRightButton, 0, 5, 5);
+    EXPECT_TRUE(p.navigation.popupRequested);
+
+    app.Move(-0.4, -3.1);
+    EXPECT_EQ(p.form.LabCoord.caption, "-1, 2, -4 [N17]");
+    app.Move(50, 50);
+    EXPECT_EQ(p.form.LabCoord.caption, "");
+    double distance = 0;
+    EXPECT_FALSE(NodePickDistance(p.model, p.view, 0, 3, 4, 5, distance));
+    EXPECT_DOUBLE_EQ(distance, 5);
+}
+
+TEST(ViewCommands, LeftButtonStartsWindowsOnlyWhereAllowed) {
+    App app(Square());
+    Program &p = *app.p;
+    p.command.selectionMode = SelectionMode::Window;
+    p.command.activeFunction = ActiveFunction::ChooseBaseNode;
+    app.Click(10, 10);
+    EXPECT_FALSE(p.navigation.windowCornerSet);
+    p.command.activeFunction = ActiveFunction::AddNodes;
+    app.Click(10, 10);
+    EXPECT_TRUE(p.navigation.windowCornerSet && p.form.Shape.visible);
+    EXPECT_EQ(p.form.Shape.left, 10);
+    EXPECT_EQ(p.form.Shape.width, 0);
+}
+
+} // namespace
+} // namespace vorna
