@@ -37,12 +37,22 @@ public:
         return c;
     }
     std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return std::nullopt; }
+    std::optional<std::string> AskPickBoxSize(const std::string &current) override {
+        pickBoxShown.push_back(current);
+        if (pickBoxAnswers.empty())
+            return std::nullopt;
+        auto a = pickBoxAnswers.front();
+        pickBoxAnswers.pop_front();
+        return a;
+    }
     void SetBusy(bool on) override { busy = on; }
     void RequestExit(int status) override { exitStatus = status; }
 
     std::vector<RecordedMessage> messages;
     std::deque<MsgAnswer> answers;
     std::deque<std::optional<SaveDialogResult>> saveChoices;
+    std::vector<std::string> pickBoxShown;  // the size each pick-box dialog opened on
+    std::deque<std::string> pickBoxAnswers; // typed texts; none left means Esc
     bool busy = false;
     int exitStatus = -1;
 };

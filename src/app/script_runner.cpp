@@ -38,6 +38,15 @@ std::optional<SaveDialogResult> ScriptUi::SaveFile(const SaveDialogRequest &) {
 
 std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) { return std::nullopt; }
 
+// With no text queued the dialog is left with Esc.
+std::optional<std::string> ScriptUi::AskPickBoxSize(const std::string &) {
+    if (pickBoxAnswers.empty())
+        return std::nullopt;
+    std::string text = std::move(pickBoxAnswers.front());
+    pickBoxAnswers.pop_front();
+    return text;
+}
+
 namespace {
 
 class PlainHost : public ScriptHost {
@@ -143,6 +152,12 @@ struct Runner {
             else
                 ui.saveChoices.push_back(
                     SaveDialogResult{Utf8ToCp1252(w[1]), w.size() > 2 ? Int(w[2]) : 1});
+            return true;
+        }
+        // "pickbox TEXT": the text typed in the next pick-box dialog ("Trappola"), blanks kept;
+        // "pickbox" alone leaves the box empty. Without one the dialog is left with Esc.
+        if (verb == "pickbox") {
+            ui.pickBoxAnswers.push_back(TrimLeft(std::string_view(line).substr(verb.size())));
             return true;
         }
         if (verb == "set" && w.size() >= 2) {

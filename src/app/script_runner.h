@@ -8,6 +8,7 @@
 #include <deque>
 #include <filesystem>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 namespace vorna {
@@ -22,11 +23,13 @@ public:
                          MsgButtons buttons) override;
     std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &request) override;
     std::optional<std::uint32_t> ChooseColour(std::uint32_t initial) override;
+    std::optional<std::string> AskPickBoxSize(const std::string &current) override;
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
 
     std::deque<MsgAnswer> answers;
     std::deque<std::optional<SaveDialogResult>> saveChoices;
+    std::deque<std::string> pickBoxAnswers; // texts typed in the pick-box dialog
 
 private:
     std::ostream &out_;

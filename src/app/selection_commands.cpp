@@ -1,22 +1,269 @@
 // Commands of the selection: functions, ways of selecting, the answer line and the pick.
 #include "app/commands.h"
 
-namespace vorna {
+#include "platform/number_text.h"
+#include "selection/designate.h"
+#include "selection/pick.h"
+#include "selection/selection_modes.h"
+#include "selection/selection_string.h"
+#include "view/visibility.h"
 
-void Aggiungi_Click(Program &) {}
-void Rimuovi_Click(Program &) {}
-void RimTutto_Click(Program &) {}
-void Inverti_Click(Program &) {}
-void Interrompi_Click(Program &) {}
-void Finestra_Click(Program &) {}
-void Nome_Click(Program &) {}
-void SchVincolo_Click(Program &) {}
-void Tutto_Click(Program &) {}
-void Trappola_Click(Program &) {}
-void ColourCommand(Program &, int) {}
-void PointTypeCommand(Program &, int) {}
-void FinishWindowSelection(Program &) {}
-void PickAt(Program &, double, double) {}
-void Risposta_KeyDown(Program &, int) {}
+namespace vorna {
+namespace {
+
+constexpr int kEnterKey = 13;
+
+// The analogy parameters are read when the command runs, as the side bar holds them then.
+SelectionContext ContextOf(Program &p) {
+    AnalogyParameters params = AnalogyParametersOf(p.form);
+    return {p.model, p.view, p.connection, p.command.activeFunction, [&p, params](int node) {
+                TestAnalogy(p.model, p.view, p.connection, params, node, p.ui, p.messages);
+            }};
+}
+
+void SetInterrompiEnabled(FormVorna &f, bool enabled) {
+    f.Interrompi.enabled = enabled;
+    f.btnInterrompi.enabled = enabled;
+}
+
+// No function runs and nothing can be selected.
+void EndFunction(Program &p) {
+    p.command.activeFunction = ActiveFunction::None;
+    DisableSelectionMenus(p);
+    p.form.Disegno.pointer = Pointer::Default;
+    SetInterrompiEnabled(p.form, false);
+    p.form.FunAttiva.caption = "";
+    p.form.SottoFunAttiva.caption = "";
+}
+
+void ShowDirectSelection(Program &p) {
+    p.command.selectionMode = SelectionMode::Direct;
+    p.form.SottoFunAttiva.caption = ModeCaption(SelectionMode::Direct);
+    p.form.Disegno.pointer = ModePointer(SelectionMode::Direct);
+}
+
+// A selection ends the same way whatever designated the elements: the base node's schema when
+// base bars were looked at, then the drawing and the list text, and for most the side panel.
+void ShowSelection(Program &p, bool baseBarsExamined, bool sidePanel) {
+    if (baseBarsExamined)
+        AfterBaseBarsRemoved(p);
+    DrawStructureNow(p);
+    RefreshListText(p);
+    if (sidePanel)
+        UpdateBaseNodeCommands(p);
+}
+
+void ShowTooManyValues(Program &p) {
+    p.ui.MessageBox(p.messages[19], "ERRORE", MsgIcon::Exclamation, MsgButtons::Ok);
+}
+
+// Also what a pick in adding, removing or removing base bars runs, with the picked name.
+void SelectByNameString(Program &p, std::string_view text) {
+    auto names = ParseSelectionString(text, kNameSelectionCapacity);
+    if (!names) {
+        ShowTooManyValues(p);
+        return;
+    }
+    SelectionContext c = ContextOf(p);
+    ShowSelection(p, SelectByNames(c, *names), true);
+}
+
+void SelectByConstraintString(Program &p, std::string_view text) {
+    auto cards = ParseSelectionString(text, kCardSelectionCapacity);
+    if (!cards) {
+        ShowTooManyValues(p);
+        return;
+    }
+    SelectionContext c = ContextOf(p);
+    SelectByConstraintCards(c, *cards);
+    ShowSelection(p, false, false);
+}
+
+void WindowCommand(Program &p, double left, double top, double width, double height) {
+    SelectionContext c = ContextOf(p);
+    ShowSelection(p, SelectByWindow(c, left, top, width, height), true);
+}
+
+// Opens the answer line for names or constraint cards; it stays open until another command.
+void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
+    ResetSelectionInput(p);
+    p.form.Domanda.caption = question;
+    p.form.SottoFunAttiva.caption = ModeCaption(mode);
+    p.form.Risposta.enabled = true;
+    p.form.Risposta.backColour = kWindowColour;
+    p.command.selectionMode = mode;
+}
+
+} // namespace
+
+void ResetSelectionInput(Program &p) {
+    FormVorna &f = p.form;
+    p.command.selectionMode = SelectionMode::None;
+    f.SottoFunAttiva.caption = "";
+    f.Domanda.caption = "";
+    f.Risposta.text = "";
+    f.Risposta.backColour = kButtonFaceColour;
+    f.Risposta.enabled = false;
+    f.Disegno.pointer = Pointer::Default;
+}
+
+void EnableSelectionMenus(Program &p) {
+    auto menus = SelectionMenusFor(p.command.activeFunction);
+    if (!menus)
+        return;
+    FormVorna &f = p.form;
+    f.Finestra.enabled = menus->finestra;
+    f.Colore.enabled = menus->colore;
+    f.TipoPunto.enabled = menus->tipoPunto;
+    f.Nome.enabled = menus->nome;
+    f.Tutto.enabled = menus->tutto;
+    f.SchVincolo.enabled = menus->schVincolo;
+}
+
+void DisableSelectionMenus(Program &p) {
+    FormVorna &f = p.form;
+    for (Control *c : {&f.Finestra, &f.Colore, &f.TipoPunto, &f.Nome, &f.Tutto, &f.SchVincolo})
+        c->enabled = false;
+}
+
+void StartFunction(Program &p, ActiveFunction function) {
+    ResetSelectionInput(p);
+    p.command.activeFunction = function;
+    if (SelectionMenusFor(function))
+        EnableSelectionMenus(p);
+    else
+        DisableSelectionMenus(p);
+    ShowDirectSelection(p);
+    p.form.FunAttiva.caption = FunctionCaption(function);
+    SetInterrompiEnabled(p.form, true);
+}
+
+void Aggiungi_Click(Program &p) {
+    StartFunction(p, ActiveFunction::AddNodes);
+}
+
+void Rimuovi_Click(Program &p) {
+    StartFunction(p, ActiveFunction::RemoveNodes);
+}
+
+void Interrompi_Click(Program &p) {
+    ResetSelectionInput(p);
+    EndFunction(p);
+}
+
+void RimTutto_Click(Program &p) {
+    p.command.activeFunction = ActiveFunction::RemoveNodes;
+    ColourCommand(p, kAllCodes);
+    EndFunction(p);
+}
+
+void Inverti_Click(Program &p) {
+    SelectionContext c = ContextOf(p);
+    InvertSelection(c);
+    DrawStructureNow(p);
+    RefreshListText(p);
+    EndFunction(p);
+}
+
+void Finestra_Click(Program &p) {
+    ResetSelectionInput(p);
+    p.command.selectionMode = SelectionMode::Window;
+    p.form.SottoFunAttiva.caption = ModeCaption(SelectionMode::Window);
+    p.form.Disegno.pointer = ModePointer(SelectionMode::Window);
+}
+
+void Nome_Click(Program &p) {
+    OpenAnswerLine(p, SelectionMode::Name, "Inserire i nomi degli elementi e premere INVIO");
+}
+
+void SchVincolo_Click(Program &p) {
+    OpenAnswerLine(p, SelectionMode::ConstraintCard,
+                   "Inserire i numeri delle schede di vincolo e premere INVIO");
+}
+
+void Tutto_Click(Program &p) {
+    ColourCommand(p, kAllCodes);
+}
+
+// Colour and point type act once and go back to direct selection without ending the function.
+void ColourCommand(Program &p, int code) {
+    ResetSelectionInput(p);
+    SelectionContext c = ContextOf(p);
+    ShowSelection(p, SelectByColour(c, code), true);
+    p.command.selectionMode = SelectionMode::Direct;
+}
+
+void PointTypeCommand(Program &p, int code) {
+    ResetSelectionInput(p);
+    SelectionContext c = ContextOf(p);
+    SelectByPointType(c, code);
+    ShowSelection(p, false, false);
+    p.command.selectionMode = SelectionMode::Direct;
+}
+
+void Trappola_Click(Program &p) {
+    double &size = p.internalOptions.values[opt::kPickBoxSize];
+    auto text = p.ui.AskPickBoxSize(NumberText(size));
+    if (!text)
+        return;
+    size = AggiornaOpzioniInterne_(*text);
+    if (size == 0) // kept all the same: direct selection then picks nothing
+        p.ui.MessageBox(p.messages[18], "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
+    p.form.Trappola.caption = "Trappola (" + NumberText(size) + ")...";
+}
+
+void FinishWindowSelection(Program &p) {
+    Control &shape = p.form.Shape;
+    shape.visible = false;
+    if (shape.width * shape.height > 0) {
+        p.ui.SetBusy(true);
+        WindowCommand(p, shape.left, shape.top, shape.width, shape.height);
+        // A window started by a click on empty space is used once.
+        if (p.command.autoWindow) {
+            p.command.autoWindow = false;
+            ShowDirectSelection(p);
+            EnableSelectionMenus(p);
+        }
+        p.ui.SetBusy(false);
+    }
+    shape.width = 0;
+    shape.height = 0;
+    p.navigation.windowCornerSet = false;
+}
+
+void PickAt(Program &p, double x, double y) {
+    if (p.command.selectionMode != SelectionMode::Direct || p.navigation.zoomWindowPending)
+        return;
+    const ActiveFunction function = p.command.activeFunction;
+    p.ui.SetBusy(true);
+    p.navigation.pickRadius = PixelsToUnits(p.disegno, p.internalOptions(opt::kPickBoxSize));
+    int name = PickElement(p.model, p.view, p.connection, function, x, y, p.navigation.pickRadius);
+    if (name <= 0) {
+        // Empty space starts a window there, except where a single node is wanted.
+        if (function != ActiveFunction::ChooseBaseNode &&
+            function != ActiveFunction::ShowBarTypes) {
+            p.command.autoWindow = true;
+            Finestra_Click(p);
+            Disegno_MouseDown(p, kLeftButton, 0, x, y);
+        }
+    } else if (function == ActiveFunction::ChooseBaseNode) {
+        ChooseBaseNodeByPick(p, name);
+    } else if (function == ActiveFunction::ShowBarTypes) {
+        HighlightNodeBarTypes(p, name);
+    } else {
+        SelectByNameString(p, IntText(name));
+    }
+    p.ui.SetBusy(false);
+}
+
+void Risposta_KeyDown(Program &p, int keyCode) {
+    const std::string text = p.form.Risposta.text;
+    if (keyCode != kEnterKey || text.empty())
+        return;
+    if (p.command.selectionMode == SelectionMode::Name)
+        SelectByNameString(p, text);
+    else if (p.command.selectionMode == SelectionMode::ConstraintCard)
+        SelectByConstraintString(p, text);
+}
 
 } // namespace vorna

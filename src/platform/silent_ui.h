@@ -12,6 +12,7 @@ public:
     }
     std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &) override { return {}; }
     std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
+    std::optional<std::string> AskPickBoxSize(const std::string &) override { return {}; }
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
 };
