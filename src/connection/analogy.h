@@ -2,11 +2,13 @@
 #pragma once
 
 #include "connection/connection_state.h"
+#include "connection/vec3.h"
 #include "model/messages.h"
 #include "platform/ui.h"
 #include "view/view_state.h"
 
 #include <array>
+#include <optional>
 
 namespace vorna {
 
@@ -15,18 +17,32 @@ enum class AnalogyMethod { Identical = 0, IdenticalOrMirrored = 1, Rotated = 2, 
 // The analogy parameters as the side bar holds them at the moment of the test.
 struct AnalogyParameters {
     AnalogyMethod method = AnalogyMethod::Identical;
-    bool compareLengths = true; // analLun
-    bool compareColours = false; // AnalColAste
+    bool compareLengths = true;    // analLun
+    bool compareColours = false;   // AnalColAste
     bool compareLineTypes = false; // analLinAste
     bool compareSections = false;  // AnalSezAste
 };
 
 // 1 when the candidate was found analogous and appended (also when it was listed already).
+// Without a usable base node (none chosen, or one with more than 100 bars) nothing is analogous.
 int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
                 const AnalogyParameters &params, int candidate, Ui &ui,
                 const MessageCatalogue &messages);
 
+// The vector from the node along the bar to its far end; (0, 0, 0) for a bar of no length and,
+// here, also for a bar that has neither end on the node in space.
 std::array<double, 3> BarVector(const StructureModel &model, int bar, int node);
 double BarLength(const StructureModel &model, int bar);
+
+// The same vector, or nothing when the bar touches the node only in the projection: such a bar
+// has no direction at the node, so it matches nothing.
+std::optional<Vec3> BarVectorAtNode(const StructureModel &model, int bar, int node);
+// The vector divided by the bar's length; nothing also for a bar of no length (0.0001 or less),
+// which has no direction to compare.
+std::optional<Vec3> UnitBarVector(const StructureModel &model, int bar, int node);
+
+// Component by component within 0.0001: identical, or mirrored (x and y negated, z kept).
+bool SameDirection(const Vec3 &a, const Vec3 &b);
+bool MirroredDirection(const Vec3 &a, const Vec3 &b);
 
 } // namespace vorna

@@ -2,6 +2,7 @@
 // analogous nodes with the bars that correspond to the base bars.
 #pragma once
 
+#include "connection/bar_index.h"
 #include "model/structure_model.h"
 
 #include <array>
@@ -37,8 +38,13 @@ struct ConnectionState {
     std::vector<AnalogousNode> analogousNodes; // position p (1-based) is analogousNodes[p - 1]
     std::vector<std::uint8_t> nodeListed = std::vector<std::uint8_t>(kNodeCapacity);
     std::vector<std::int32_t> barUses = std::vector<std::int32_t>(kBarCapacity);
+    // 1-based position of each node's record, 0 when it has none.
+    std::vector<std::int32_t> nodePosition = std::vector<std::int32_t>(kNodeCapacity);
 
     std::string analogousListText;
+
+    // The bars at each projected position, rebuilt when the projection changes.
+    ProjectedBarIndex barIndex;
 };
 
 // The suite's description of the connection, read from "VornaNIn.txt" at start-up.
@@ -50,8 +56,21 @@ struct ConnectionInput {
     std::array<std::string, kMaxBarTypes + 1> barTypeDescriptions; // 1..barTypeCount
 };
 
-// Fixed colours of the bar types 1..10, packed red + 256 green + 65536 blue.
+// Fixed colours of the bar types 1..10, packed red + 256 green + 65536 blue; 0 for any other.
 std::uint32_t BarTypeColour(int type);
+// The code of type t, empty for a type outside 1..10.
+const std::string &BarTypeCode(const ConnectionInput &input, int type);
+
+// A base node whose bars the search and the typing can use: chosen, with at most 100 bars.
+inline bool HasUsableBaseNode(const ConnectionState &state) {
+    return state.baseNode >= 0 && state.baseBarCount >= 0 && state.baseBarCount <= kMaxBaseBars;
+}
+// baseBarCount limited to the table, for loops over the base bars.
+inline int BaseBarsInTable(const ConnectionState &state) {
+    return state.baseBarCount < 0              ? 0
+           : state.baseBarCount > kMaxBaseBars ? kMaxBaseBars
+                                               : state.baseBarCount;
+}
 
 // 1-based position of the node's record, 0 when it is not listed.
 int FindInAnalogous(const ConnectionState &state, int node);
@@ -64,10 +83,35 @@ void RemoveAnalogousRecord(ConnectionState &state, int position);
 // same result as removing them one by one.
 template <typename Pred> void RemoveAnalogousNodesIf(ConnectionState &state, Pred remove);
 void ClearAnalogous(ConnectionState &state);
+// The list becomes the base node's own record with the base bars in order.
+void ResetAnalogousToBaseNode(ConnectionState &state);
 
 // Numbers as runs: 3, 4, 5, 9, 12, 13 gives "3-5,9,12-13"; numbers <= 0 are skipped.
 std::string RangeText(const std::vector<int> &numbers);
 // The names of the listed nodes as range text, into state.analogousListText.
 void BuildAnalogousListText(const StructureModel &model, ConnectionState &state);
+
+namespace detail {
+// The per-node and per-bar tables forget a record that leaves the list.
+void ForgetRecord(ConnectionState &state, const AnalogousNode &record);
+// Positions from the 0-based record `from` on are written again after records moved.
+void RenumberRecords(ConnectionState &state, std::size_t from);
+} // namespace detail
+
+template <typename Pred> void RemoveAnalogousNodesIf(ConnectionState &state, Pred remove) {
+    std::vector<AnalogousNode> &list = state.analogousNodes;
+    std::size_t kept = 0;
+    for (std::size_t r = 0; r < list.size(); ++r) {
+        if (remove(static_cast<int>(list[r].node))) {
+            detail::ForgetRecord(state, list[r]);
+            continue;
+        }
+        if (kept != r)
+            list[kept] = list[r];
+        ++kept;
+    }
+    list.resize(kept);
+    detail::RenumberRecords(state, 0);
+}
 
 } // namespace vorna

@@ -1,0 +1,54 @@
+// Bar types: the automatic typing of the base bars from the connection type code, the labels
+// that change them by hand, and the classification of the bars of every analogous node.
+#pragma once
+
+#include "connection/analogy.h"
+#include "connection/connection_state.h"
+#include "platform/canvas.h"
+#include "view/view_state.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace vorna {
+
+// Each type's list of analogous bars holds at most this many names.
+constexpr std::size_t kTypeListCapacity = 20000;
+
+// Every base bar gets type 1, then the rule of the connection type code picks out the bars
+// with a role (the continuous beam, the column below, ...). Nothing with more than 100 bars.
+void AssignTypesByConnectionCode(const StructureModel &model, ConnectionState &state,
+                                 const ConnectionInput &input);
+
+// Captions of LabelTipo(1..30), index 0 unused.
+using LabelCaptions = std::array<std::string, 31>;
+
+// baseBarTypes from the label captions: the first type whose code's first two characters equal
+// the whole caption. A caption that matches no type leaves the bar's type; with more than 30
+// base bars every bar first gets type 1, so those beyond the 30th keep it.
+void ReadTypesFromLabels(const LabelCaptions &captions, ConnectionState &state,
+                         const ConnectionInput &input);
+
+// The caption a click on a label shows next: the code of the following type, after the last
+// (or from an unknown caption) the first. With no types the caption stays.
+std::string NextTypeCaption(const std::string &caption, const ConnectionInput &input);
+
+// For each type 1..10, the names of the analogous bars classified as that type, in the order
+// found (index 0 unused); a bar is listed once for every base bar it matches.
+struct TypeBarLists {
+    std::array<std::vector<std::int16_t>, kMaxBarTypes + 1> names;
+};
+
+// Gives every bar of every record the type of the base bar whose direction it shares (mirrored
+// too under "Nodi identici e simmetrici"); bars that match none get type 1.
+TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState &state,
+                                   AnalogyMethod method);
+
+// The bars of the first record whose node is named nodeName, drawn over the view in the
+// colours of their types. False when no listed node has that name.
+bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
+                           ConnectionState &state, AnalogyMethod method, int nodeName,
+                           Canvas &disegno, int selectedWidth, int normalWidth);
+
+} // namespace vorna

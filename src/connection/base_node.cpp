@@ -1,0 +1,174 @@
+// The base node and its base bars: choosing the node, gathering the bars that meet there, and
+// the schema of the node drawn beside the view with the bar-type labels.
+#include "connection/base_node.h"
+
+#include "connection/bar_types.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+constexpr double kTolerance = 0.0001;
+
+Vec3 NodePoint(const StructureModel &model, int node) {
+    return node >= 0 && node < model.nodeCount ? ToVec(PointAt(model, model.nodes[node].pointIndex))
+                                               : Vec3{0, 0, 0};
+}
+
+std::optional<Vec3> Unit(const Vec3 &v) {
+    if (AllBelow(v, kTolerance))
+        return std::nullopt;
+    return Scaled(v, 1 / Norm(v));
+}
+
+// The schema's plane: axis u along base bar 1, v beside it in the plane of bar 1 and the first
+// later bar not parallel to it, w normal to both. With one bar, or all bars parallel, the plane
+// is the vertical one through bar 1 (or, for a vertical bar 1, the one through model X), which
+// shows them all. Nothing when bar 1 has no direction.
+struct Frame {
+    Vec3 u, v, w;
+};
+
+std::optional<Frame> SchemaFrame(const std::vector<Vec3> &directions) {
+    if (directions.empty())
+        return std::nullopt;
+    std::optional<Vec3> u = Unit(directions[0]);
+    if (!u)
+        return std::nullopt;
+    std::optional<Vec3> w;
+    for (std::size_t k = 1; k < directions.size() && !w; ++k) {
+        Vec3 normal = Cross(directions[0], directions[k]);
+        if (!AllBelow(normal, kTolerance))
+            w = Unit(normal);
+    }
+    if (!w)
+        w = Unit(Cross(*u, {0, 0, 1}));
+    if (!w)
+        w = Unit(Cross(*u, {1, 0, 0}));
+    if (!w)
+        return std::nullopt;
+    return Frame{*u, Cross(*w, *u), *w};
+}
+
+// The picture's scale: the node in the middle, both axes at the same scale, room around the
+// drawn extent for the labels. Returns the length every drawn bar gets.
+double SetSchemaScale(Canvas &picture, double extent) {
+    const double width = picture.WidthTwips() > 0 ? picture.WidthTwips() : 1;
+    const double height = picture.HeightTwips() > 0 ? picture.HeightTwips() : 1;
+    const double half = 1.4 * (extent > kTolerance ? extent : 1.0);
+    const double halfX = width >= height ? half * width / height : half;
+    const double halfY = width >= height ? half : half * height / width;
+    picture.SetScale({-halfX, halfY, 2 * halfX, -2 * halfY});
+    return half / 1.4;
+}
+
+} // namespace
+
+void SetBaseNodeByName(const StructureModel &model, const ViewState &view, ConnectionState &state,
+                       int name) {
+    const int nodes = std::clamp<int>(model.nodeCount, 0, kNodeCapacity);
+    for (int i = 0; i < nodes; ++i)
+        if (model.nodes[i].name == name && view.nodeShown[i]) {
+            state.baseNode = static_cast<std::int16_t>(i);
+            return;
+        }
+}
+
+bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
+                    Ui &ui, const MessageCatalogue &messages) {
+    state.baseBarCount = 0;
+    if (state.baseNode < 0 || state.baseNode >= model.nodeCount)
+        return false;
+    KeepBarIndexCurrent(state.barIndex, model, view);
+    std::vector<std::int16_t> bars;
+    BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[state.baseNode].pointIndex, bars);
+    for (std::int16_t b : bars) {
+        if (model.bars[b].name <= 0)
+            continue;
+        if (state.baseBarCount == kMaxBaseBars) {
+            state.baseBarCount = kTooManyBaseBars;
+            ui.MessageBox(messages[25], "INFORMAZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
+            return false;
+        }
+        state.baseBars[state.baseBarCount++] = b;
+    }
+    ResetAnalogousToBaseNode(state);
+    return true;
+}
+
+Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state, int k) {
+    const int bar = state.baseBars[k];
+    if (bar < 0 || bar >= model.barCount)
+        return {0, 0, 0};
+    const Vec3 p = NodePoint(model, state.baseNode);
+    const Vec3 i = ToVec(PointAt(model, model.bars[bar].pointI));
+    const Vec3 j = ToVec(PointAt(model, model.bars[bar].pointJ));
+    return Sub(AllBelow(Sub(i, p), kTolerance) ? j : i, p);
+}
+
+BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &state,
+                                  const ConnectionInput &input, Canvas &picture1,
+                                  bool automaticTyping) {
+    BaseNodeSchema schema;
+    picture1.Clear();
+    if (!HasUsableBaseNode(state)) {
+        picture1.Refresh();
+        return schema;
+    }
+    schema.label7Enabled = true;
+    // The types do not depend on the drawing, so they are assigned even when nothing can be
+    // drawn; the labels then carry them for the reading back.
+    if (automaticTyping)
+        AssignTypesByConnectionCode(model, state, input);
+    const int count = state.baseBarCount;
+    for (int k = 0; k < std::min(count, kTypeLabels); ++k) {
+        schema.labels[k + 1].caption = BarTypeCode(input, state.baseBarTypes[k]);
+        schema.labels[k + 1].tooltip =
+            state.baseBarTypes[k] >= 1 && state.baseBarTypes[k] <= kMaxBarTypes
+                ? input.barTypeDescriptions[state.baseBarTypes[k]]
+                : std::string();
+    }
+
+    std::vector<Vec3> directions;
+    for (int k = 0; k < count; ++k)
+        directions.push_back(BaseBarDirection(model, state, k));
+    const std::optional<Frame> frame = SchemaFrame(directions);
+    if (!frame) {
+        picture1.Refresh();
+        return schema;
+    }
+    std::vector<std::array<double, 2>> inPlane(count);
+    std::vector<std::uint8_t> drawn(count);
+    double extent = 0;
+    for (int k = 0; k < count; ++k) {
+        const Vec3 &d = directions[k];
+        inPlane[k] = {Dot(d, frame->u), Dot(d, frame->v)};
+        drawn[k] = std::fabs(Dot(d, frame->w)) < kTolerance;
+        if (drawn[k])
+            extent = std::max({extent, std::fabs(inPlane[k][0]), std::fabs(inPlane[k][1])});
+    }
+    const double length = SetSchemaScale(picture1, extent);
+
+    picture1.SetLineWidth(3);
+    for (int k = 0; k < count; ++k) {
+        const double planar = std::hypot(inPlane[k][0], inPlane[k][1]);
+        if (!drawn[k] || planar <= kTolerance)
+            continue;
+        const double x = inPlane[k][0] / planar * length, y = inPlane[k][1] / planar * length;
+        picture1.Line(0, 0, x, y, BarTypeColour(state.baseBarTypes[k]));
+        if (k < kTypeLabels) {
+            TypeLabel &label = schema.labels[k + 1];
+            label.visible = true;
+            label.x = x;
+            label.y = y;
+        }
+    }
+    picture1.SetLineWidth(1);
+    picture1.FilledCircle(0, 0, 0.08 * length, 0);
+    picture1.Refresh();
+    return schema;
+}
+
+} // namespace vorna

@@ -1,0 +1,37 @@
+// Three-component vectors for the connection's geometry: bar directions at a node.
+#pragma once
+
+#include "model/structure_model.h"
+
+#include <array>
+#include <cmath>
+
+namespace vorna {
+
+using Vec3 = std::array<double, 3>;
+
+inline Vec3 ToVec(const Point &p) {
+    return {p.x, p.y, p.z};
+}
+inline Vec3 Sub(const Vec3 &a, const Vec3 &b) {
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+inline Vec3 Scaled(const Vec3 &a, double s) {
+    return {a[0] * s, a[1] * s, a[2] * s};
+}
+inline double Dot(const Vec3 &a, const Vec3 &b) {
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+inline double Norm(const Vec3 &a) {
+    return std::sqrt(Dot(a, a));
+}
+inline Vec3 Cross(const Vec3 &a, const Vec3 &b) {
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+// Every component below the tolerance in magnitude.
+inline bool AllBelow(const Vec3 &a, double tolerance) {
+    return std::fabs(a[0]) < tolerance && std::fabs(a[1]) < tolerance &&
+           std::fabs(a[2]) < tolerance;
+}
+
+} // namespace vorna

@@ -1,0 +1,64 @@
+// "VornaNIn.txt", written by the suite before the start: the connection's description, its
+// type code and the bar types the user may give to the base bars.
+#include "exchange/connection_input.h"
+
+#include "platform/native_path.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+
+namespace vorna {
+namespace {
+
+// "CO  Colonna" gives the code CO and the description Colonna; tabs count as blanks.
+void SplitBarType(std::string_view field, std::string &code, std::string &description) {
+    std::string text(field);
+    std::replace(text.begin(), text.end(), '\t', ' ');
+    text = Trim(text);
+    const std::size_t blank = text.find(' ');
+    code = Trim(text.substr(0, blank));
+    description = blank == std::string::npos ? std::string() : Trim(text.substr(blank));
+}
+
+} // namespace
+
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui,
+                                 const MessageCatalogue &messages) {
+    TextCursor cursor{std::move(text), 0};
+    std::string_view field;
+    if (ReadLine(cursor, field))
+        input.connectionDescription = std::string(field);
+    if (ReadTextField(cursor, field))
+        input.connectionTypeCode = std::string(field);
+    if (!ReadTextField(cursor, field))
+        return InputResult::Read;
+    const std::optional<double> count = StrictNumber(field);
+    if (!count)
+        return InputResult::Read;
+    const double types = RoundHalfEven(*count);
+    if (types >= kMaxBarTypes + 1) {
+        ui.MessageBox(messages[26], "Problema", MsgIcon::Critical, MsgButtons::Ok);
+        return InputResult::TooManyTypes;
+    }
+    if (!(types >= 1))
+        return InputResult::Read;
+    input.barTypeCount = static_cast<int>(types);
+    for (int t = 1; t <= input.barTypeCount && ReadTextField(cursor, field); ++t)
+        SplitBarType(field, input.barTypeCodes[t], input.barTypeDescriptions[t]);
+    return InputResult::Read;
+}
+
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui,
+                                const MessageCatalogue &messages) {
+    std::optional<std::string> text =
+        ReadWholeFile(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
+    if (!text) {
+        input.connectionDescription.clear();
+        return InputResult::Missing;
+    }
+    return ParseConnectionInput(std::move(*text), input, ui, messages);
+}
+
+} // namespace vorna

@@ -1,0 +1,580 @@
+// Tests of the connection: the analogous list, the base node, the analogy test, the bar types,
+// the schema and the connection commands, with differential tests of the fast structures
+// against the procedures as written on random frames.
+#include "app/commands.h"
+#include "connection/bar_types.h"
+#include "connection/base_node.h"
+#include "exchange/result_file.h"
+#include "recording_canvas.h"
+#include "test_support.h"
+#include "view/projection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+
+namespace vorna {
+namespace {
+
+// A hand-built frame with its projection; every node shown.
+struct Frame {
+    std::unique_ptr<StructureModel> m = std::make_unique<StructureModel>();
+    std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
+    ConnectionState s;
+    test::RecordingUi ui;
+    MessageCatalogue messages;
+    Frame() { FillMessageCatalogue(messages); }
+
+    int Point(double x, double y, double z) {
+        m->points[m->pointCount] = {x, y, z};
+        return m->pointCount++;
+    }
+    int Node(int point, int name) {
+        m->nodes[m->nodeCount] = {static_cast<std::int16_t>(point), 0, 1,
+                                  static_cast<std::int16_t>(name), 0};
+        view->nodeShown[m->nodeCount] = 1;
+        return m->nodeCount++;
+    }
+    int Bar(int i, int j, int name, int colour = 1) {
+        m->bars[m->barCount] = {static_cast<std::int16_t>(i), static_cast<std::int16_t>(j), 0,
+                                static_cast<std::int16_t>(colour), static_cast<std::int16_t>(name)};
+        return m->barCount++;
+    }
+    // A node at (x, y, z) with bars to each offset, named 100 + their index.
+    int Joint(double x, double y, double z, const std::vector<Vec3> &offsets, int name) {
+        int p = Point(x, y, z), n = Node(p, name);
+        for (const Vec3 &d : offsets)
+            Bar(p, Point(x + d[0], y + d[1], z + d[2]), 100 + m->barCount);
+        return n;
+    }
+    void Project(double a = 30, double b = 30, double c = 0) {
+        ProjectStructure(*m, *view, a, b, c);
+    }
+    void ChooseBase(int node) {
+        s.baseNode = static_cast<std::int16_t>(node);
+        GatherBaseBars(*m, *view, s, ui, messages);
+    }
+    int Test(int node, AnalogyParameters params = {}) {
+        return TestAnalogy(*m, *view, s, params, node, ui, messages);
+    }
+    std::vector<int> Listed() const {
+        std::vector<int> nodes;
+        for (const AnalogousNode &r : s.analogousNodes)
+            nodes.push_back(r.node);
+        return nodes;
+    }
+};
+
+AnalogousNode Record(int node, std::vector<int> bars) {
+    AnalogousNode r;
+    r.node = static_cast<std::int16_t>(node);
+    for (int b : bars)
+        r.bars[r.barCount++] = static_cast<std::int16_t>(b);
+    return r;
+}
+
+AnalogyParameters Params(AnalogyMethod method, bool lengths = true) {
+    AnalogyParameters p;
+    p.method = method;
+    p.compareLengths = lengths;
+    return p;
+}
+
+const std::vector<Vec3> kBeamColumn = {{-2, 0, 0}, {3, 0, 0}, {0, 0, -3}};
+
+TEST(BaseNode, NamedBarsAtTheProjectedNodeUpToAHundred) {
+    Frame f;
+    int p = f.Point(0, 0, 0);
+    f.Node(p, 1);
+    int base = f.Node(p, 1);
+    f.view->nodeShown[0] = 0; // the first node of that name is hidden
+    for (int k = 0; k < 99; ++k)
+        f.Bar(p, f.Point(k + 1, 0, 1), k + 1);
+    f.Bar(p, f.Point(0, 0, -1), 0);                 // no name: never a base bar
+    f.Bar(f.Point(0, 5, 0), f.Point(0, 9, 9), 200); // on the node in the projection only
+    f.Project(0, 0, 0);
+    SetBaseNodeByName(*f.m, *f.view, f.s, 1);
+    ASSERT_EQ(f.s.baseNode, base);
+    f.ChooseBase(base);
+    EXPECT_EQ(f.s.baseBarCount, 100);
+    EXPECT_EQ(f.s.baseBars[99], 100);
+    EXPECT_EQ(f.Listed(), std::vector<int>{base});
+
+    f.Bar(p, f.Point(0, 0, 7), 300);
+    ClearAnalogous(f.s);
+    f.ChooseBase(base);
+    EXPECT_EQ(f.s.baseBarCount, kTooManyBaseBars);
+    EXPECT_TRUE(f.s.analogousNodes.empty()); // untouched
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].title, "INFORMAZIONE");
+    EXPECT_EQ(f.Test(base), 0); // no usable base node: nothing is analogous
+}
+
+TEST(Analogy, DirectionsLengthsAndMethods) {
+    Frame f;
+    int base = f.Joint(0, 0, 0, kBeamColumn, 1);
+    int same = f.Joint(20, 0, 0, kBeamColumn, 2);
+    int more = f.Joint(40, 0, 0, {{-2, 0, 0}, {3, 0, 0}, {0, 0, -3}, {0, 4, 0}}, 3);
+    int fewer = f.Joint(60, 0, 0, {{-2, 0, 0}, {3, 0, 0}}, 4);
+    int longer = f.Joint(80, 0, 0, {{-4, 0, 0}, {6, 0, 0}, {0, 0, -6}}, 5);
+    int turned = f.Joint(100, 0, 0, {{2, 0, 0}, {-3, 0, 0}, {0, 0, -3}}, 6);
+    f.Project();
+    f.ChooseBase(base);
+    const auto identical = Params(AnalogyMethod::Identical);
+    const auto byDirection = Params(AnalogyMethod::Identical, false);
+    const auto mirrored = Params(AnalogyMethod::IdenticalOrMirrored);
+    EXPECT_EQ(f.Test(base, Params(AnalogyMethod::Rotated)), 1); // tested as identical
+    EXPECT_EQ(f.Test(same, identical), 1);
+    EXPECT_EQ(f.Test(more, identical), 1);
+    EXPECT_EQ(f.s.analogousNodes.back().barCount, 3); // the extra bar is left out
+    EXPECT_EQ(f.Test(fewer, byDirection), 0);
+    EXPECT_EQ(f.Test(longer, identical), 0);
+    EXPECT_EQ(f.Test(longer, byDirection), 1);
+    EXPECT_EQ(f.Test(turned, identical), 0);
+    EXPECT_EQ(f.Test(turned, Params(AnalogyMethod::Any)), 0);
+    EXPECT_EQ(f.Test(turned, mirrored), 1);
+    EXPECT_EQ(f.Test(same, identical), 1); // listed already: still 1, list unchanged
+    EXPECT_EQ(f.Listed(), (std::vector<int>{base, same, more, longer, turned}));
+}
+
+TEST(Analogy, SharedBarsZeroLengthsPropertiesAndTheHundredBarLimit) {
+    Frame f;
+    // Two base bars the same way, one of no length, and a colour that differs.
+    int base = f.Joint(0, 0, 0, {{1, 0, 0}, {1, 0, 0}, {0, 0, 0}}, 1);
+    int shared = f.Joint(10, 0, 0, {{1, 0, 0}, {0, 1, 0}, {0, 0, 0}}, 2);
+    int flat = f.Joint(20, 0, 0, {{1, 0, 0}, {0, 0, 1}, {0, 0, 0}}, 3);
+    f.m->bars[f.m->barCount - 3].colour = 5;
+    // A bar that meets a node only in the projection (0, 0, 0) matches nothing.
+    int p = f.Point(30, 0, 0), ghost = f.Node(p, 4);
+    for (int k = 0; k < 3; ++k)
+        f.Bar(f.Point(30, 5, 0), f.Point(31, 5, 0), 50 + k);
+    std::vector<Vec3> hundred(99, Vec3{1, 0, 0});
+    hundred.push_back({0, 0, 0});
+    int crowded = f.Joint(40, 0, 0, hundred, 5);
+    f.Project(0, 0, 0);
+    f.ChooseBase(base);
+    AnalogyParameters colours;
+    colours.compareColours = true;
+    EXPECT_EQ(f.Test(shared, Params(AnalogyMethod::IdenticalOrMirrored)), 0);
+    EXPECT_EQ(f.Test(shared, Params(AnalogyMethod::Identical, false)), 0); // no direction
+    EXPECT_EQ(f.Test(shared, colours), 1);
+    EXPECT_EQ(f.Test(flat, colours), 0);
+    EXPECT_EQ(f.Test(flat, Params(AnalogyMethod::Identical)), 1);
+    EXPECT_EQ(f.Test(ghost), 0);
+    EXPECT_EQ(f.Test(crowded), 1);
+    f.Bar(f.m->nodes[crowded].pointIndex, f.Point(40, 0, 1), 999);
+    EXPECT_EQ(f.Test(crowded), 0);
+    EXPECT_EQ(f.Listed(), (std::vector<int>{base, shared, flat, crowded}));
+    EXPECT_EQ(f.s.analogousNodes[1].bars[0], f.s.analogousNodes[1].bars[1]);
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].title, "Problema");
+    EXPECT_EQ(f.ui.messages[0].text, " Numero eccessivo di potenziali aste base ");
+}
+
+ConnectionInput ThreeTypes(const std::string &code) {
+    ConnectionInput in;
+    in.connectionTypeCode = code;
+    in.barTypeCount = 3;
+    in.barTypeCodes = {"", "CO", "TR", "DI"};
+    in.barTypeDescriptions = {"", "Colonna", "Trave", "Diagonale"};
+    return in;
+}
+
+std::vector<int> TypesAfter(const std::string &code, const std::vector<Vec3> &bars) {
+    Frame f;
+    const int base = f.Joint(0, 0, 0, bars, 1);
+    f.Project();
+    f.ChooseBase(base);
+    AssignTypesByConnectionCode(*f.m, f.s, ThreeTypes(code));
+    return std::vector<int>(f.s.baseBarTypes.begin(), f.s.baseBarTypes.begin() + bars.size());
+}
+
+TEST(BarTypes, AutomaticTypingByConnectionCode) {
+    const std::vector<Vec3> columnAndBeams = {{3, 0, 0}, {0, 0, -3}, {-3, 0, 0}, {0, 3, 0}};
+    EXPECT_EQ(TypesAfter("2", columnAndBeams), (std::vector<int>{2, 1, 1, 1}));
+    EXPECT_EQ(TypesAfter("1", {{0, 0, 3}, {-3, 0, 0}, {0, 0, -3}}), (std::vector<int>{1, 3, 2}));
+    EXPECT_EQ(TypesAfter("7", {{1, 0, 0}}), std::vector<int>{1});
+    EXPECT_EQ(TypesAfter("1", {{1, 0, 0}, {0, 1, 0}}), (std::vector<int>{1, 3}));
+    for (const char *other : {"4", "8", "19", "x", ""})
+        EXPECT_EQ(TypesAfter(other, columnAndBeams), (std::vector<int>{1, 1, 1, 1})) << other;
+    // Chord pair 4 4, vertical 2, the diagonal between them 3; without a vertical bar the one
+    // nearest the vertical is the reference and takes 3 itself.
+    EXPECT_EQ(TypesAfter("5", {{-3, 0, 0}, {1, 0, 1}, {3, 0, 0}, {0, 0.05, 2}}),
+              (std::vector<int>{4, 3, 4, 2}));
+    EXPECT_EQ(TypesAfter("6", {{-3, 0, 0}, {3, 0, 0}, {1, 0, 1}}), (std::vector<int>{4, 4, 3}));
+    EXPECT_EQ(TypesAfter("18", {{3, 0, 0}, {0, 0, -3}, {0, 3, -1}}), (std::vector<int>{3, 1, 2}));
+    // Code 12: the pair keeps 4 4 even when the column is one of them.
+    EXPECT_EQ(TypesAfter("12", {{0, 0, 3}, {0, 0, -3}, {3, 0, 0}}), (std::vector<int>{4, 4, 1}));
+    EXPECT_EQ(TypesAfter("12", {{3, 0, 0}, {-3, 0, 0}, {0, 0, -3}}), (std::vector<int>{4, 4, 1}));
+}
+
+TEST(BarTypes, LabelsCycleAndAreReadBack) {
+    const ConnectionInput in = ThreeTypes("2");
+    std::string caption = "TR";
+    for (const char *next : {"DI", "CO", "TR"})
+        EXPECT_EQ(caption = NextTypeCaption(caption, in), next);
+    EXPECT_EQ(NextTypeCaption("??", in), "CO");
+    EXPECT_EQ(NextTypeCaption("??", ConnectionInput{}), "??");
+    ConnectionState s;
+    s.baseNode = 0;
+    LabelCaptions captions;
+    captions[1] = "TR";
+    captions[2] = "XX";
+    for (int count : {2, 40}) {
+        s.baseBarCount = static_cast<std::int16_t>(count);
+        s.baseBarTypes.fill(3);
+        ReadTypesFromLabels(captions, s, in);
+        EXPECT_EQ(s.baseBarTypes[0], 2);
+        // No match keeps the type; with more than 30 bars every bar starts from 1.
+        EXPECT_EQ(s.baseBarTypes[1], count == 2 ? 3 : 1);
+        EXPECT_EQ(s.baseBarTypes[39], count == 2 ? 3 : 1);
+    }
+}
+
+TEST(BarTypes, SchemaDrawsTheBarsInThePlaneAndLabelsThirty) {
+    Frame f;
+    std::vector<Vec3> bars = {{3, 0, 0}, {0, 0, -3}, {0, 2, 0}, {-1, 0, 0}};
+    for (int k = 0; k < 30; ++k)
+        bars.push_back({1, 0, 1.0 + k});
+    const int base = f.Joint(0, 0, 0, bars, 1);
+    f.Project();
+    f.ChooseBase(base);
+    test::RecordingCanvas picture(2100, 1500);
+    BaseNodeSchema schema = DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), picture, true);
+    EXPECT_TRUE(schema.label7Enabled);
+    // Every bar but the one along y lies in the plane x-z; only 30 carry a label.
+    EXPECT_EQ(picture.Of(test::CanvasCall::Line).size(), bars.size() - 1);
+    EXPECT_EQ(picture.Of(test::CanvasCall::Line)[0].colour, BarTypeColour(2));
+    EXPECT_FALSE(schema.labels[3].visible);
+    EXPECT_EQ(schema.labels[3].caption, "CO");
+    EXPECT_TRUE(schema.labels[30].visible);
+    EXPECT_EQ(schema.labels[1].tooltip, "Trave");
+    EXPECT_EQ(picture.Sequence().substr(0, 3), "CSW");
+
+    f.s.baseBarCount = kTooManyBaseBars;
+    test::RecordingCanvas cleared;
+    EXPECT_FALSE(DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), cleared, true).label7Enabled);
+    EXPECT_EQ(cleared.Sequence(), "CR");
+}
+
+TEST(BarTypes, MirroredClassificationAndHighlight) {
+    Frame f;
+    int base = f.Joint(0, 0, 0, {{3, 0, 0}, {0, 0, -3}}, 1);
+    int mirror = f.Joint(20, 0, 0, {{-3, 0, 0}, {0, 0, -3}, {0, 5, 0}}, 2);
+    f.Project();
+    f.ChooseBase(base);
+    f.s.baseBarTypes[0] = 2;
+    f.s.baseBarTypes[1] = 3;
+    AppendAnalogous(f.s, Record(mirror, {2, 3, 4})); // the y bar 4 matches no base bar
+    const auto &types = f.s.analogousNodes[1].barTypes;
+    ClassifyAnalogousBars(*f.m, f.s, AnalogyMethod::Identical);
+    EXPECT_EQ(types[0], 1); // mirrored bars match nothing under "Nodi identici"
+    test::RecordingCanvas disegno;
+    EXPECT_FALSE(
+        HighlightNodeBarTypes(*f.m, *f.view, f.s, AnalogyMethod::Identical, 7, disegno, 3, 1));
+    EXPECT_TRUE(HighlightNodeBarTypes(*f.m, *f.view, f.s, AnalogyMethod::IdenticalOrMirrored, 2,
+                                      disegno, 3, 1));
+    EXPECT_EQ(std::vector<int>(types.begin(), types.begin() + 3), (std::vector<int>{2, 3, 1}));
+    EXPECT_EQ(disegno.Sequence(), "WLLWR"); // the y bar is in no type's list: not drawn
+    EXPECT_EQ(disegno.calls[1].colour, BarTypeColour(2));
+}
+
+// The procedures as written: a scan of every bar, linear lookups, the 201-pass duplicate
+// removal, bubble sorts and the classification base bar by base bar, record by record.
+namespace reference {
+
+std::vector<int> BarsAt(const StructureModel &m, const ViewState &v, int node) {
+    const int q = m.nodes[node].pointIndex;
+    auto on = [&](int point) {
+        return std::fabs(ProjectedXOf(v, point) - ProjectedXOf(v, q)) < 0.0001 &&
+               std::fabs(ProjectedYOf(v, point) - ProjectedYOf(v, q)) < 0.0001;
+    };
+    std::vector<int> bars;
+    for (int b = 0; b < m.barCount; ++b)
+        if (on(m.bars[b].pointI) || on(m.bars[b].pointJ))
+            bars.push_back(b);
+    return bars;
+}
+
+std::optional<Vec3> Compared(const StructureModel &m, int bar, int node, bool lengths) {
+    return lengths ? BarVectorAtNode(m, bar, node) : UnitBarVector(m, bar, node);
+}
+
+int TestAnalogy(const StructureModel &m, const ViewState &v, const ConnectionState &s,
+                std::vector<AnalogousNode> &list, const AnalogyParameters &params, int n,
+                int &messages) {
+    std::vector<int> candidates = BarsAt(m, v, n);
+    if (!HasUsableBaseNode(s) || candidates.size() > 100)
+        return HasUsableBaseNode(s) ? (++messages, 0) : 0;
+    const bool mirrored = params.method != AnalogyMethod::Identical && n != s.baseNode;
+    if (static_cast<int>(candidates.size()) < s.baseBarCount ||
+        (mirrored && params.method != AnalogyMethod::IdenticalOrMirrored))
+        return 0;
+    AnalogousNode record = Record(n, {});
+    std::vector<bool> used(candidates.size());
+    for (int k = 0; k < s.baseBarCount; ++k) {
+        auto b = Compared(m, s.baseBars[k], s.baseNode, params.compareLengths);
+        for (std::size_t c = 0; b && c < candidates.size(); ++c) {
+            auto w = Compared(m, candidates[c], n, params.compareLengths);
+            if (w && !(mirrored && used[c]) &&
+                (SameDirection(*b, *w) || (mirrored && MirroredDirection(*b, *w)))) {
+                record.bars[record.barCount++] = static_cast<std::int16_t>(candidates[c]);
+                used[c] = true;
+                break;
+            }
+        }
+    }
+    if (record.barCount < s.baseBarCount)
+        return 0;
+    for (int k = 0; k < s.baseBarCount; ++k)
+        if (params.compareColours && m.bars[s.baseBars[k]].colour != m.bars[record.bars[k]].colour)
+            return 0;
+    list.push_back(record);
+    for (int pass = 0; pass < 201; ++pass) {
+        std::size_t found = 0;
+        for (std::size_t i = 0; i < list.size() && !found; ++i)
+            for (std::size_t j = i + 1; j < list.size() && !found; ++j)
+                found = list[i].node == list[j].node ? j : 0;
+        if (!found)
+            break;
+        list.erase(list.begin() + found);
+    }
+    return 1;
+}
+
+void BubbleSort(std::vector<int> &values, bool byMagnitude) {
+    auto key = [&](int v) { return byMagnitude ? std::abs(v) : v; };
+    for (bool swapped = true; swapped;) {
+        swapped = false;
+        for (std::size_t i = 0; i + 1 < values.size(); ++i)
+            if (key(values[i]) > key(values[i + 1])) {
+                std::swap(values[i], values[i + 1]);
+                swapped = true;
+            }
+    }
+}
+
+std::string ListText(const StructureModel &m, const std::vector<AnalogousNode> &list) {
+    std::vector<int> values;
+    for (int i = 0; i < m.nodeCount; ++i) {
+        bool listed = std::any_of(list.begin(), list.end(),
+                                  [&](const AnalogousNode &r) { return r.node == i; });
+        int name = std::max<int>(m.nodes[i].name, 0);
+        values.push_back(listed ? name : -name);
+    }
+    BubbleSort(values, true);
+    return RangeText(values);
+}
+
+TypeBarLists Classify(const StructureModel &m, ConnectionState &s, AnalogyMethod method) {
+    TypeBarLists lists;
+    auto unit = [&](int bar, int node) { return UnitBarVector(m, bar, node); };
+    auto agree = [&](const AnalogousNode &rec, int mm, int k, bool mirror) {
+        auto b = unit(s.baseBars[k], s.baseNode), v = unit(rec.bars[mm], rec.node);
+        return b && v && (mirror ? MirroredDirection(*b, *v) : SameDirection(*b, *v));
+    };
+    std::vector<bool> mirrored(s.analogousNodes.size(), true);
+    for (std::size_t r = 0; r < s.analogousNodes.size(); ++r) {
+        s.analogousNodes[r].barTypes.fill(0);
+        for (int mm = 0, done = 0; mm < s.analogousNodes[r].barCount && !done; ++mm)
+            for (int k = 0; k < s.baseBarCount && !done; ++k)
+                if ((done = agree(s.analogousNodes[r], mm, k, false)))
+                    mirrored[r] = false;
+                else if ((done = agree(s.analogousNodes[r], mm, k, true)))
+                    mirrored[r] = true;
+    }
+    for (int k = 0; k < s.baseBarCount && method <= AnalogyMethod::IdenticalOrMirrored; ++k)
+        for (std::size_t r = 0; r < s.analogousNodes.size(); ++r) {
+            AnalogousNode &rec = s.analogousNodes[r];
+            const bool mirror = method == AnalogyMethod::IdenticalOrMirrored && mirrored[r];
+            for (int mm = 0; mm < rec.barCount; ++mm)
+                if (agree(rec, mm, k, mirror)) {
+                    rec.barTypes[mm] = s.baseBarTypes[k];
+                    lists.names[s.baseBarTypes[k]].push_back(m.bars[rec.bars[mm]].name);
+                    break;
+                }
+        }
+    for (AnalogousNode &rec : s.analogousNodes)
+        for (auto &t : rec.barTypes)
+            t = t ? t : 1;
+    return lists;
+}
+
+} // namespace reference
+
+// A small random frame on a lattice: repeated points, some moved by less than the tolerance
+// across a hash cell's edge, repeated nodes, bars along a few directions (some of no length,
+// some unnamed) and projections that make points coincide.
+void RandomFrame(Frame &f, std::mt19937 &rng) {
+    auto pick = [&](int n) { return static_cast<int>(rng() % n); };
+    for (int p = 0; p < 36; ++p)
+        f.Point(p % 4, p / 4 % 3, p / 12);
+    auto jitter = [&] { return (pick(3) - 1) * 0.00006; };
+    for (int i = 0; i < 6; ++i) {
+        const Point q = f.m->points[pick(36)];
+        f.Point(q.x + jitter(), q.y + jitter(), q.z + jitter());
+    }
+    for (int p = 0; p < f.m->pointCount; ++p)
+        f.Node(p, pick(10) == 0 ? -p : p + 1);
+    for (int i = 0; i < 6; ++i)
+        f.Node(pick(f.m->pointCount), 60 + i);
+    auto at = [](int x, int y, int z) { return x < 4 && y < 3 && z < 3 ? x + 4 * y + 12 * z : -1; };
+    for (int p = 0; p < 36; ++p) {
+        const int x = p % 4, y = p / 4 % 3, z = p / 12;
+        for (int to : {pick(2) ? at(x + 1, y, z) : -1, pick(2) ? at(x, y, z + 1) : -1,
+                       pick(4) ? -1 : at(x, y + 1, z), pick(5) ? -1 : at(x + 1, y, z + 1),
+                       pick(20) ? -1 : p, pick(3) ? -1 : 36 + pick(6)})
+            if (to >= 0)
+                f.Bar(pick(2) ? p : to, pick(2) ? to : p, pick(12) ? f.m->barCount + 1 : 0,
+                      1 + pick(2));
+    }
+    const double angles[3][3] = {{0, 0, 0}, {30, 30, 0}, {90, 0, 0}};
+    const auto &a = angles[pick(3)];
+    f.Project(a[0], a[1], a[2]);
+}
+
+void ExpectSameList(const ConnectionState &s, const std::vector<AnalogousNode> &list,
+                    const StructureModel &m) {
+    ASSERT_EQ(s.analogousNodes.size(), list.size());
+    for (std::size_t r = 0; r < list.size(); ++r) {
+        ASSERT_EQ(s.analogousNodes[r].node, list[r].node);
+        ASSERT_EQ(s.analogousNodes[r].barCount, list[r].barCount);
+        ASSERT_EQ(s.analogousNodes[r].bars, list[r].bars);
+    }
+    for (int n = 0; n < m.nodeCount; ++n) {
+        auto it = std::find_if(list.begin(), list.end(),
+                               [&](const AnalogousNode &r) { return r.node == n; });
+        ASSERT_EQ(FindInAnalogous(s, n), it == list.end() ? 0 : it - list.begin() + 1);
+    }
+    for (int b = 0; b < m.barCount; ++b)
+        ASSERT_EQ(BarInAnalogous(s, b), std::any_of(list.begin(), list.end(), [&](auto &r) {
+                      return std::count(r.bars.begin(), r.bars.begin() + r.barCount, b) > 0;
+                  }));
+}
+
+TEST(ConnectionDifferential, RandomFramesAndCommandsMatchTheWrittenProcedures) {
+    std::mt19937 rng(20261122);
+    auto pick = [&](int n) { return static_cast<int>(rng() % n); };
+    for (int round = 0; round < 60; ++round) {
+        Frame f;
+        RandomFrame(f, rng);
+        const int base = pick(f.m->nodeCount);
+        f.ChooseBase(base);
+        std::vector<int> gathered = reference::BarsAt(*f.m, *f.view, base);
+        std::erase_if(gathered, [&](int b) { return f.m->bars[b].name <= 0; });
+        ASSERT_EQ(f.s.baseBarCount, static_cast<int>(gathered.size()));
+        ASSERT_TRUE(std::equal(gathered.begin(), gathered.end(), f.s.baseBars.begin()));
+        std::vector<AnalogousNode> list = f.s.analogousNodes;
+        int messages = 0;
+        for (int step = 0; step < 40; ++step) {
+            AnalogyParameters params = Params(static_cast<AnalogyMethod>(pick(5) % 4), pick(2));
+            params.compareColours = pick(4) == 0;
+            auto offer = [&](int n) {
+                ASSERT_EQ(f.Test(n, params),
+                          reference::TestAnalogy(*f.m, *f.view, f.s, list, params, n, messages));
+            };
+            const int op = pick(10);
+            if (op < 6) {
+                offer(pick(f.m->nodeCount));
+            } else if (op == 6) { // every node in order, as "Tutto" offers them
+                for (int n = 0; n < f.m->nodeCount; ++n)
+                    offer(n);
+            } else if (op == 7 && !list.empty()) {
+                const int position = 1 + pick(static_cast<int>(list.size()));
+                RemoveAnalogousRecord(f.s, position);
+                list.erase(list.begin() + position - 1);
+            } else if (op == 8) { // in one pass, against node by node as the selection did
+                auto hit = [&](int n) { return f.m->nodes[n].pointIndex % 3 == 1 + step % 2; };
+                RemoveAnalogousNodesIf(f.s, hit);
+                for (int n = 0; n < f.m->nodeCount; ++n)
+                    std::erase_if(list,
+                                  [&](const AnalogousNode &r) { return hit(n) && r.node == n; });
+            } else if (pick(4) == 0) {
+                ClearAnalogous(f.s);
+                list.clear();
+            }
+            ExpectSameList(f.s, list, *f.m);
+            BuildAnalogousListText(*f.m, f.s);
+            ASSERT_EQ(f.s.analogousListText, reference::ListText(*f.m, list));
+        }
+        ASSERT_EQ(static_cast<int>(f.ui.messages.size()), messages);
+
+        // The classification and the per-type texts of the result file.
+        for (int k = 0; k < f.s.baseBarCount; ++k)
+            f.s.baseBarTypes[k] = static_cast<std::int16_t>(1 + pick(3));
+        const auto method = static_cast<AnalogyMethod>(pick(2));
+        ConnectionState copy = f.s;
+        TypeBarLists slow = reference::Classify(*f.m, copy, method);
+        TypeBarTexts texts = BuildTypeBarLists(*f.m, f.s, method);
+        for (std::size_t r = 0; r < list.size(); ++r)
+            ASSERT_EQ(f.s.analogousNodes[r].barTypes, copy.analogousNodes[r].barTypes);
+        for (int t = 1; t <= 3; ++t) {
+            std::vector<int> names(slow.names[t].begin(), slow.names[t].end());
+            ASSERT_EQ(ClassifyAnalogousBars(*f.m, copy, method).names[t], slow.names[t]);
+            reference::BubbleSort(names, false);
+            ASSERT_EQ(texts[t], RangeText(names));
+        }
+    }
+}
+
+// The connection commands as the window runs them.
+struct Window {
+    test::RecordingUi ui;
+    test::RecordingCanvas disegno, picture1{2100, 1500};
+    std::unique_ptr<Program> p = std::make_unique<Program>(ui, disegno, picture1);
+    Frame f;
+    int base = f.Joint(0, 0, 0, kBeamColumn, 11);
+    int other = f.Joint(20, 0, 0, kBeamColumn, 12);
+    Window() {
+        std::swap(p->model, *f.m);
+        FillMessageCatalogue(p->messages);
+        p->input = ThreeTypes("2");
+        BuildFirstView(*p);
+        NodoBase_Click(*p);
+        ChooseBaseNodeByPick(*p, 11);
+    }
+};
+
+TEST(ConnectionCommands, ChoosingTypingAndDroppingTheBaseNode) {
+    Window w;
+    Program &p = *w.p;
+    EXPECT_EQ(p.connection.baseNode, w.base);
+    EXPECT_EQ(p.form.StringaSel.caption, "11");
+    EXPECT_FALSE(p.form.NodoBase.enabled);
+    EXPECT_TRUE(p.form.RimNodoBase.enabled && p.form.Label7.enabled);
+    EXPECT_EQ(p.command.activeFunction, ActiveFunction::None);
+    EXPECT_EQ(p.form.LabelTipo[1].caption, "TR");
+    EXPECT_EQ(p.form.LabelTipo[3].caption, "CO"); // the column below
+    LabelTipo_Click(p, 3);
+    EXPECT_EQ(p.form.LabelTipo[3].caption, "TR");
+    EXPECT_EQ(p.connection.baseBarTypes[2], 2);
+    LabelTipo_Click(p, 4); // hidden: nothing
+    EXPECT_EQ(p.form.LabelTipo[4].caption, "");
+
+    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other, p.ui,
+                p.messages);
+    w.ui.answers.push_back(MsgAnswer::Cancel);
+    RimNodoBase_Click(p);
+    EXPECT_EQ(p.connection.analogousNodes.size(), 2u);
+    ASSERT_EQ(w.ui.messages.size(), 1u);
+    EXPECT_EQ(w.ui.messages[0].title, "INFORMAZIONE");
+
+    AsteNodoBase_Click(p); // OK: the list goes, the function starts
+    EXPECT_EQ(p.form.StringaSel.caption, "");
+    EXPECT_EQ(p.command.activeFunction, ActiveFunction::RemoveBaseBars);
+    p.connection.baseBarCount = 0;
+    AfterBaseBarsRemoved(p); // the last base bar went: so does the base node
+    EXPECT_EQ(p.connection.baseNode, -1);
+    EXPECT_FALSE(p.form.Label7.enabled || p.form.LabelTipo[1].visible);
+    EXPECT_TRUE(p.form.NodoBase.enabled);
+    EXPECT_EQ(w.ui.messages.size(), 2u);
+
+    p.form.OpzMetodo[0].checked = false;
+    p.form.OpzMetodo[1].checked = true;
+    EXPECT_EQ(AnalogyParametersOf(p.form).method, AnalogyMethod::IdenticalOrMirrored);
+}
+
+} // namespace
+} // namespace vorna
