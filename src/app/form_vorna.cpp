@@ -44,16 +44,16 @@ void PlaceControls(FormVorna &f) {
     Place(f.Risposta, 0, 560, 2600, 315);
     Place(f.Disegno, 60, 990, 0, 0);
     Place(f.FrameSel, 0, 990, 4440, 2640);
-    Place(f.FrameAtt, 0, 3690, 4440, 3180);
-    Place(f.Label7, 0, 6930, 2100, 250);
-    Place(f.Picture1, 0, 7200, 2100, 1500);
+    Place(f.FrameAtt, 0, 3690, 4440, 3700);
+    Place(f.Label7, 0, 7450, 2100, 250);
+    Place(f.Picture1, 0, 7720, 2100, 1500);
     for (int i = 0; i < 3; ++i) {
         Place(f.Label1[i], 120 + 840.0 * i, 0, 200, 280);
         Place(f.Label2[i], 300 + 840.0 * i, 0, 120, 200);
-        Place(f.Angolo[i], 420 + 840.0 * i, 0, 480, 300);
+        Place(f.Angolo[i], 420 + 840.0 * i, 0, 480, 260);
     }
-    Place(f.Label5, 2700, 0, 1800, 280);
-    Place(f.StringaSel, 4464, 0, 0, 280);
+    Place(f.Label5, 2640, 0, 2300, 280);
+    Place(f.StringaSel, 5000, 0, 0, 280);
     Place(f.Frame2[0], 60, 0, 2600, 420);
     Place(f.Frame2[1], 2700, 0, 2600, 420);
     Place(f.FunAttiva, 120, 0, 2480, 280);

@@ -35,7 +35,8 @@ struct FormVorna {
     double screenWidth = 28800;
     bool minimised = false;
 
-    // Drawing surfaces and their overlays.
+    // Drawing surfaces and their overlays. The overlays are in Disegno's drawing units; the
+    // line LineSposta keeps its start in left/top and its end in width/height.
     Control Disegno, LineSposta, Shape, Picture1;
     // Status and answer line.
     std::array<Control, 2> Frame2;

@@ -1,0 +1,110 @@
+// One control of FormVorna bound to its widget, in both directions.
+#include "ui/qt/control_binding.h"
+
+#include "ui/qt/qt_canvas.h"
+#include "ui/qt/qt_ui.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna::qt {
+
+namespace {
+
+bool SameLook(const Control &a, const Control &b) {
+    return a.caption == b.caption && a.text == b.text && a.tooltip == b.tooltip &&
+           a.checked == b.checked && a.enabled == b.enabled && a.visible == b.visible &&
+           a.backColour == b.backColour && a.pointer == b.pointer && a.left == b.left &&
+           a.top == b.top && a.width == b.width && a.height == b.height;
+}
+
+void ApplyPointer(QWidget *w, Pointer pointer) {
+    if (pointer == Pointer::Cross)
+        w->setCursor(Qt::CrossCursor);
+    else if (pointer == Pointer::Busy)
+        w->setCursor(Qt::WaitCursor);
+    else
+        w->unsetCursor();
+}
+
+void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
+    if (auto *edit = qobject_cast<QLineEdit *>(w)) {
+        if (FromQString(edit->text()) != c.text)
+            edit->setText(ToQString(c.text));
+        // Zero is the design's own colour; the answer line switches between two others.
+        if (c.backColour != 0) {
+            QPalette palette = edit->palette();
+            palette.setColor(QPalette::Base, ColourOf(c.backColour));
+            edit->setPalette(palette);
+        }
+    } else if (auto *button = qobject_cast<QAbstractButton *>(w)) {
+        button->setText(ToQString(c.caption));
+        if (button->isCheckable())
+            button->setChecked(c.checked);
+    } else if (auto *group = qobject_cast<QGroupBox *>(w)) {
+        group->setTitle(ToQString(c.caption));
+    } else if (auto *label = qobject_cast<QLabel *>(w)) {
+        label->setText(style == BindingStyle::SymbolPlaced ? SymbolFontText(c.caption)
+                                                           : ToQString(c.caption));
+    }
+}
+
+} // namespace
+
+QString SymbolFontText(const std::string &caption) {
+    // a..z in the symbol font's order.
+    static const char16_t greek[] = u"αβχδεφγηιϕκλμνοπθρστυϖωξψζ";
+    QString text;
+    for (char ch : caption) {
+        if (ch >= 'a' && ch <= 'z')
+            text += QChar(greek[ch - 'a']);
+        else if (ch >= 'A' && ch <= 'Z')
+            text += QChar(greek[ch - 'A']).toUpper();
+        else
+            text += ToQString(std::string(1, ch));
+    }
+    return text;
+}
+
+int Pixels(double twips, double twipsPerPixel) {
+    double px = std::round(twips / twipsPerPixel);
+    return std::isfinite(px) ? static_cast<int>(std::clamp(px, -30000.0, 30000.0)) : 0;
+}
+
+QRect TwipsToPixels(const Control &c, double twipsPerPixel) {
+    return QRect(Pixels(c.left, twipsPerPixel), Pixels(c.top, twipsPerPixel),
+                 std::max(0, Pixels(c.width, twipsPerPixel)),
+                 std::max(0, Pixels(c.height, twipsPerPixel)));
+}
+
+void ApplyBinding(Binding &b, double twipsPerPixel) {
+    if (b.control == nullptr || (b.shown && SameLook(*b.shown, *b.control)))
+        return;
+    const Control &c = *b.control;
+    QWidget *w = b.widget;
+    ApplyText(w, c, b.style);
+    w->setEnabled(c.enabled);
+    w->setToolTip(ToQString(c.tooltip));
+    ApplyPointer(w, c.pointer);
+    if (b.style != BindingStyle::Plain)
+        w->setGeometry(TwipsToPixels(c, twipsPerPixel));
+    w->setVisible(c.visible);
+    b.shown = c;
+}
+
+void ReadBinding(Binding &b) {
+    if (b.control == nullptr)
+        return;
+    if (auto *edit = qobject_cast<QLineEdit *>(b.widget))
+        b.control->text = FromQString(edit->text());
+    else if (auto *button = qobject_cast<QAbstractButton *>(b.widget);
+             button && button->isCheckable())
+        b.control->checked = button->isChecked();
+}
+
+} // namespace vorna::qt

@@ -1,0 +1,253 @@
+// The main window FormVorna: events in as commands, the form out as widget state.
+#include "ui/qt/main_window.h"
+
+#include "app/commands.h"
+#include "ui/qt/qt_ui.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace vorna::qt {
+
+namespace {
+
+// The form's outer size counts a frame around the client area and, above it, the title and
+// menu bars of the design; with them the layout rule's bottom row ends just inside the client.
+constexpr double kFrameTwipsX = 60, kFrameTwipsY = 750;
+
+int ButtonCode(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::LeftButton:
+        return kLeftButton;
+    case Qt::RightButton:
+        return kRightButton;
+    case Qt::MiddleButton:
+        return kMiddleButton;
+    default:
+        return 0;
+    }
+}
+
+int ButtonsMask(Qt::MouseButtons buttons) {
+    return (buttons & Qt::LeftButton ? kLeftButton : 0) |
+           (buttons & Qt::RightButton ? kRightButton : 0) |
+           (buttons & Qt::MiddleButton ? kMiddleButton : 0);
+}
+
+int ShiftState(Qt::KeyboardModifiers modifiers) {
+    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
+           (modifiers & Qt::AltModifier ? 4 : 0);
+}
+
+} // namespace
+
+MainWindow::MainWindow() {
+    auto *client = new QWidget(this);
+    setCentralWidget(client);
+    BuildMenus();
+    BuildControls(client);
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, [this] { Run(Interrompi_Click); });
+}
+
+double MainWindow::TwipsPerPixel() const {
+    return 1440.0 / logicalDpiX();
+}
+
+void MainWindow::Attach(Program &program, InitialSize initialSize) {
+    program_ = &program;
+    for (Binding &b : bindings_) {
+        b.control = FindControl(program.form, b.name);
+        b.shown.reset();
+    }
+    for (MenuAction &a : actions_)
+        a.control = FindControl(program.form, a.name);
+    // An off-screen window has no real screen to fit: the form keeps its own width for it.
+    if (QScreen *s = screen(); s && QGuiApplication::platformName() != "offscreen")
+        program.form.screenWidth = s->availableGeometry().width() * TwipsPerPixel();
+    if (initialSize == InitialSize::FromWindow)
+        TakeSizeFromWindow();
+    LayOutForm(program);
+    SyncFromForm();
+}
+
+void MainWindow::TakeSizeFromWindow() {
+    const double tpp = TwipsPerPixel();
+    const int menu = menuBar()->sizeHint().height();
+    program_->form.width = width() * tpp + kFrameTwipsX;
+    program_->form.height = (height() - menu) * tpp + kFrameTwipsY;
+    appliedSize_ = size();
+}
+
+QSize MainWindow::WindowSizeOfForm() const {
+    const double tpp = TwipsPerPixel();
+    const FormVorna &f = program_->form;
+    return {std::max(1, Pixels(f.width - kFrameTwipsX, tpp)),
+            std::max(1, Pixels(f.height - kFrameTwipsY, tpp)) + menuBar()->sizeHint().height()};
+}
+
+void MainWindow::SyncFromForm() {
+    if (!program_)
+        return;
+    FormVorna &f = program_->form;
+    const double tpp = TwipsPerPixel();
+    if (tpp != shownTwipsPerPixel_) {
+        for (Binding &b : bindings_)
+            b.shown.reset();
+        shownTwipsPerPixel_ = tpp;
+    }
+    if (!f.minimised && WindowSizeOfForm() != appliedSize_) {
+        if (isMaximized() || isFullScreen()) {
+            // Such a window keeps its size: the form is laid out on it again instead.
+            TakeSizeFromWindow();
+            LayOutForm(*program_);
+        } else {
+            appliedSize_ = WindowSizeOfForm();
+            resize(appliedSize_);
+        }
+    }
+    for (Binding &b : bindings_)
+        ApplyBinding(b, tpp);
+    SyncMenus();
+    if (QString title = ToQString(f.caption); title != windowTitle())
+        setWindowTitle(title);
+    SyncOverlays();
+    for (SurfaceWidget *surface : {disegno_, picture1_})
+        if (surface->Canvas().NeedsShowing())
+            surface->update();
+}
+
+void MainWindow::SyncMenus() {
+    for (MenuAction &a : actions_) {
+        if (!a.control)
+            continue;
+        const Control &c = *a.control;
+        if (a.name.rfind("Toolbar1.", 0) == 0) {
+            a.action->setToolTip(ToQString(c.tooltip));
+        } else {
+            a.action->setText(ToQString(c.caption));
+            a.action->setCheckable(c.checked);
+            a.action->setChecked(c.checked);
+        }
+        a.action->setEnabled(c.enabled && a.offered);
+        a.action->setVisible(c.visible);
+    }
+}
+
+void MainWindow::SyncOverlays() {
+    const FormVorna &f = program_->form;
+    const QtCanvas &canvas = disegno_->Canvas();
+    Overlays overlays;
+    if (f.Shape.visible) {
+        // The rubber band is kept in drawing units: left, top (the larger y), width, height.
+        const Control &s = f.Shape;
+        overlays.band = QRectF(canvas.ToPixel(s.left, s.top),
+                               canvas.ToPixel(s.left + s.width, s.top - s.height))
+                            .normalized();
+    }
+    if (f.LineSposta.visible) {
+        // The move line is kept in drawing units as (left, top) to (width, height).
+        const Control &l = f.LineSposta;
+        overlays.moveLine =
+            QLineF(canvas.ToPixel(l.left, l.top), canvas.ToPixel(l.width, l.height));
+    }
+    disegno_->SetOverlays(overlays);
+}
+
+void MainWindow::Run(const std::function<void(Program &)> &command) {
+    // A command never runs inside another (a message box's own loop may deliver events).
+    if (!program_ || running_ || program_->exitRequested)
+        return;
+    running_ = true;
+    for (Binding &b : bindings_)
+        ReadBinding(b);
+    command(*program_);
+    running_ = false;
+    SyncFromForm();
+    if (program_->exitRequested)
+        close();
+}
+
+void MainWindow::DisegnoMouse(QMouseEvent *event, int kind) {
+    const QPointF at = disegno_->Canvas().ToUnits(event->position());
+    const int shift = ShiftState(event->modifiers());
+    const int button = ButtonCode(event->button());
+    switch (kind) {
+    case 0:
+        if (button == 0)
+            return;
+        Run([&](Program &p) { Disegno_MouseDown(p, button, shift, at.x(), at.y()); });
+        if (program_ && program_->navigation.popupRequested) {
+            program_->navigation.popupRequested = false;
+            visualizza_->popup(event->globalPosition().toPoint());
+        }
+        break;
+    case 1: {
+        const int buttons = ButtonsMask(event->buttons());
+        Run([&](Program &p) { Disegno_MouseMove(p, buttons, shift, at.x(), at.y()); });
+        break;
+    }
+    case 2:
+        if (button != 0)
+            Run([&](Program &p) { Disegno_MouseUp(p, button, shift, at.x(), at.y()); });
+        break;
+    default:
+        if (button != 0)
+            Run([&](Program &p) { Disegno_DblClick(p, button); });
+        break;
+    }
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event) {
+    QMainWindow::resizeEvent(event);
+    // A size the form asked for is already laid out; only the user's sizes need the rule.
+    if (!program_ || running_ || size() == appliedSize_)
+        return;
+    Run([this](Program &p) {
+        TakeSizeFromWindow();
+        LayOutForm(p);
+    });
+}
+
+void MainWindow::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (program_ && event->type() == QEvent::WindowStateChange)
+        program_->form.minimised = isMinimized();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+    if (program_ && !program_->exitRequested)
+        EndProgram(*program_, 0);
+    event->accept();
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event) {
+    // The menu shortcuts win over a text box's own keys (Ctrl+Z, Ctrl+A), as the menus expect.
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        QKeySequence pressed(key->keyCombination());
+        for (const QKeySequence &s : shortcuts_)
+            if (s == pressed)
+                return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        auto *mouse = static_cast<QMouseEvent *>(event);
+        auto *label = qobject_cast<QWidget *>(watched);
+        QVariant k = watched->property("labelTipo");
+        if (label && k.isValid() && mouse->button() == Qt::LeftButton &&
+            label->rect().contains(mouse->position().toPoint()))
+            Run([k = k.toInt()](Program &p) { LabelTipo_Click(p, k); });
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace vorna::qt

@@ -1,0 +1,82 @@
+// The main window FormVorna in Qt Widgets: menus, icon bar and the controls placed from the form,
+// each event turned into a command on the program, and the form shown again afterwards.
+#pragma once
+
+#include "app/program.h"
+#include "ui/qt/control_binding.h"
+#include "ui/qt/surface_widget.h"
+
+#include <QKeySequence>
+#include <QMainWindow>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QAction;
+class QMenu;
+class QToolBar;
+
+namespace vorna::qt {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow();
+
+    vorna::Canvas &Disegno() { return disegno_->Canvas(); }
+    vorna::Canvas &Picture1() { return picture1_->Canvas(); }
+
+    // Whether the window opens at the form's size or the form takes the window's.
+    enum class InitialSize { FromForm, FromWindow };
+    // From now on the window shows this program's form and runs its commands. The form is laid
+    // out at once, so that the surfaces have their size before start-up draws on them.
+    void Attach(Program &program, InitialSize initialSize);
+    // Shows the form: window size, controls, menu items, buttons, caption and overlays.
+    void SyncFromForm();
+    // Runs one command as every event does: edits into the form, the command, the form out.
+    void Run(const std::function<void(Program &)> &command);
+    double TwipsPerPixel() const;
+    const std::vector<Binding> &Bindings() const { return bindings_; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    struct MenuAction {
+        std::string name;
+        QAction *action;
+        bool offered; // the command table has a command for it
+        Control *control = nullptr;
+    };
+
+    void BuildMenus();
+    QMenu *AddMenu(QMenu *parent, const char *name);
+    void AddItems(QMenu *menu, std::initializer_list<const char *> items);
+    void BuildToolbar(QWidget *client);
+    void BuildControls(QWidget *client);
+    void BuildSideBar(QWidget *client);
+    QWidget *Bind(const std::string &name, QWidget *widget, BindingStyle style);
+    void SyncMenus();
+    void SyncOverlays();
+    QSize WindowSizeOfForm() const;
+    void TakeSizeFromWindow();
+    void DisegnoMouse(QMouseEvent *event, int kind);
+
+    Program *program_ = nullptr;
+    SurfaceWidget *disegno_ = nullptr;
+    SurfaceWidget *picture1_ = nullptr;
+    QToolBar *toolbar_ = nullptr;
+    QMenu *visualizza_ = nullptr;
+    std::vector<Binding> bindings_;
+    std::vector<MenuAction> actions_;
+    std::vector<QKeySequence> shortcuts_;
+    QSize appliedSize_; // the window size last set from the form
+    double shownTwipsPerPixel_ = 0;
+    bool running_ = false;
+};
+
+} // namespace vorna::qt

@@ -1,0 +1,136 @@
+// The Ui of the window: Qt message boxes, file and colour dialogs, busy pointer, end of loop.
+#include "ui/qt/qt_ui.h"
+
+#include "platform/native_path.h"
+#include "platform/text.h"
+#include "ui/qt/qt_canvas.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialog>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMetaObject>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vorna::qt {
+
+QString ToQString(std::string_view cp1252) {
+    return QString::fromStdString(Cp1252ToUtf8(cp1252));
+}
+
+std::string FromQString(const QString &text) {
+    return Utf8ToCp1252(text.toStdString());
+}
+
+QStringList SaveFilters(std::string_view filter) {
+    QStringList parts = ToQString(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString description = parts[i].trimmed();
+        QString patterns = parts[i + 1].split(';', Qt::SkipEmptyParts).join(' ').trimmed();
+        // Qt reads the patterns from the last parentheses; a description may already show them.
+        if (description.endsWith(')') && description.contains('('))
+            filters << description;
+        else
+            filters << description + " (" + patterns + ")";
+    }
+    return filters;
+}
+
+QtUi::~QtUi() {
+    SetBusy(false);
+}
+
+MsgAnswer QtUi::MessageBox(std::string_view text, std::string_view title, MsgIcon icon,
+                           MsgButtons buttons) {
+    QMessageBox::Icon shown = QMessageBox::NoIcon;
+    if (icon == MsgIcon::Critical)
+        shown = QMessageBox::Critical;
+    else if (icon == MsgIcon::Exclamation)
+        shown = QMessageBox::Warning;
+    else if (icon == MsgIcon::Information)
+        shown = QMessageBox::Information;
+    QMessageBox box(shown, ToQString(title), ToQString(text),
+                    buttons == MsgButtons::OkCancel ? QMessageBox::Ok | QMessageBox::Cancel
+                                                    : QMessageBox::Ok,
+                    parent_);
+    box.setEscapeButton(buttons == MsgButtons::OkCancel ? QMessageBox::Cancel : QMessageBox::Ok);
+    // The busy pointer would hide that the box waits for the user.
+    bool wasBusy = busy_;
+    SetBusy(false);
+    int answer = box.exec();
+    SetBusy(wasBusy);
+    return answer == QMessageBox::Cancel ? MsgAnswer::Cancel : MsgAnswer::Ok;
+}
+
+std::optional<SaveDialogResult> QtUi::SaveFile(const SaveDialogRequest &request) {
+    QStringList filters = SaveFilters(request.filter);
+    QString start = ToQString(request.fileName);
+    if (!request.initialFolder.empty()) {
+        QString folder = QString::fromStdString(NativePath(request.initialFolder).string());
+        start = start.isEmpty() ? folder : folder + '/' + start;
+    }
+    QString chosenFilter = filters.isEmpty() ? QString() : filters.front();
+    QString name = QFileDialog::getSaveFileName(parent_, ToQString(request.title), start,
+                                                filters.join(";;"), &chosenFilter);
+    if (name.isEmpty())
+        return std::nullopt;
+    qsizetype index = filters.indexOf(chosenFilter);
+    return SaveDialogResult{FromQString(name), index < 0 ? 1 : static_cast<int>(index) + 1};
+}
+
+std::optional<std::uint32_t> QtUi::ChooseColour(std::uint32_t initial) {
+    QColor chosen = QColorDialog::getColor(ColourOf(initial), parent_);
+    if (!chosen.isValid())
+        return std::nullopt;
+    return PackRgb(chosen.red(), chosen.green(), chosen.blue());
+}
+
+std::optional<std::string> QtUi::AskPickBoxSize(const std::string &current) {
+    QDialog dialog(parent_);
+    dialog.setWindowTitle("Opzioni");
+    auto *frame = new QGroupBox(&dialog);
+    auto *row = new QHBoxLayout(frame);
+    row->addWidget(new QLabel("Dimensione della trappola:", frame));
+    auto *size = new QLineEdit(ToQString(current), frame);
+    size->setMaximumWidth(80);
+    row->addWidget(size);
+    auto *close = new QPushButton("Chiudi", &dialog);
+    close->setDefault(true);
+    QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+    auto *column = new QVBoxLayout(&dialog);
+    column->addWidget(frame);
+    column->addWidget(close, 0, Qt::AlignRight);
+    size->selectAll();
+    bool wasBusy = busy_;
+    SetBusy(false);
+    // Esc rejects the dialog: nothing is taken over.
+    bool closed = dialog.exec() == QDialog::Accepted;
+    SetBusy(wasBusy);
+    if (!closed)
+        return std::nullopt;
+    return FromQString(size->text());
+}
+
+void QtUi::SetBusy(bool busy) {
+    if (busy == busy_)
+        return;
+    busy_ = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void QtUi::RequestExit(int status) {
+    QMetaObject::invokeMethod(
+        qApp, [status] { QCoreApplication::exit(status); }, Qt::QueuedConnection);
+}
+
+} // namespace vorna::qt

@@ -1,0 +1,69 @@
+// A drawing surface on screen: the cached picture, the overlays, and mouse and wheel events.
+#include "ui/qt/surface_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+namespace vorna::qt {
+
+namespace {
+
+constexpr int kNotch = 120; // eighths of a degree per wheel notch
+
+} // namespace
+
+SurfaceWidget::SurfaceWidget(QColor background, QWidget *parent)
+    : QWidget(parent), canvas_(QSize(1, 1), background, this) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::ClickFocus);
+    canvas_.SetDpi(logicalDpiX(), logicalDpiY());
+}
+
+void SurfaceWidget::SetOverlays(const Overlays &overlays) {
+    if (overlays == overlays_)
+        return;
+    overlays_ = overlays;
+    update();
+}
+
+void SurfaceWidget::paintEvent(QPaintEvent *) {
+    QPainter p(this);
+    p.drawImage(0, 0, canvas_.Image());
+    // Overlays live above the picture, so moving them never repaints the model.
+    p.setPen(QPen(Qt::white, 1));
+    p.setBrush(Qt::NoBrush);
+    if (overlays_.band)
+        p.drawRect(*overlays_.band);
+    if (overlays_.moveLine)
+        p.drawLine(*overlays_.moveLine);
+}
+
+void SurfaceWidget::resizeEvent(QResizeEvent *) {
+    canvas_.SetDpi(logicalDpiX(), logicalDpiY());
+    canvas_.Resize(size());
+}
+
+void SurfaceWidget::mousePressEvent(QMouseEvent *event) {
+    emit Pressed(event);
+}
+void SurfaceWidget::mouseMoveEvent(QMouseEvent *event) {
+    emit Moved(event);
+}
+void SurfaceWidget::mouseReleaseEvent(QMouseEvent *event) {
+    emit Released(event);
+}
+void SurfaceWidget::mouseDoubleClickEvent(QMouseEvent *event) {
+    emit DoubleClicked(event);
+}
+
+void SurfaceWidget::wheelEvent(QWheelEvent *event) {
+    wheelAngle_ += event->angleDelta().y();
+    int steps = wheelAngle_ / kNotch;
+    wheelAngle_ -= steps * kNotch;
+    if (steps != 0)
+        emit Wheeled(steps);
+    event->accept();
+}
+
+} // namespace vorna::qt

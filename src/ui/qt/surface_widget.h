@@ -1,0 +1,51 @@
+// A drawing surface on screen: shows its QtCanvas's cached picture with the rubber-band
+// overlays on top, and reports mouse and wheel events in pixels.
+#pragma once
+
+#include "ui/qt/qt_canvas.h"
+
+#include <QMouseEvent>
+#include <QWidget>
+
+#include <optional>
+
+namespace vorna::qt {
+
+// The rubber band and the move line, in pixels of the surface.
+struct Overlays {
+    std::optional<QRectF> band;
+    std::optional<QLineF> moveLine;
+    bool operator==(const Overlays &) const = default;
+};
+
+class SurfaceWidget : public QWidget {
+    Q_OBJECT
+public:
+    SurfaceWidget(QColor background, QWidget *parent);
+
+    QtCanvas &Canvas() { return canvas_; }
+    void SetOverlays(const Overlays &overlays);
+
+signals:
+    void Pressed(QMouseEvent *event);
+    void Moved(QMouseEvent *event);
+    void Released(QMouseEvent *event);
+    void DoubleClicked(QMouseEvent *event);
+    void Wheeled(int steps);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    QtCanvas canvas_;
+    Overlays overlays_;
+    int wheelAngle_ = 0; // eighths of a degree not yet turned into whole notches
+};
+
+} // namespace vorna::qt

@@ -1,0 +1,210 @@
+// Building the main window: menus from the command table, the icon bar, and every control of
+// the form as a widget bound to it by name.
+#include "app/commands.h"
+#include "ui/qt/main_window.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace vorna::qt {
+
+namespace {
+
+const Command *FindMenuCommand(std::string_view name) {
+    for (const Command &c : CommandTable())
+        if (name == c.menuItem)
+            return &c;
+    return nullptr;
+}
+
+QLabel *Label(QWidget *parent) {
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+QWidget *MainWindow::Bind(const std::string &name, QWidget *widget, BindingStyle style) {
+    Binding binding;
+    binding.name = name;
+    binding.widget = widget;
+    binding.style = style;
+    bindings_.push_back(std::move(binding));
+    return widget;
+}
+
+QMenu *MainWindow::AddMenu(QMenu *parent, const char *name) {
+    auto *menu = parent ? parent->addMenu(name) : menuBar()->addMenu(name);
+    actions_.push_back({name, menu->menuAction(), true, nullptr});
+    return menu;
+}
+
+void MainWindow::AddItems(QMenu *menu, std::initializer_list<const char *> items) {
+    for (const char *item : items) {
+        const Command *command = FindMenuCommand(item);
+        QAction *action = menu->addAction(item);
+        if (command && command->shortcut) {
+            action->setShortcut(QKeySequence(command->shortcut));
+            shortcuts_.push_back(action->shortcut());
+        }
+        std::string itemName = item;
+        connect(action, &QAction::triggered, this,
+                [this, itemName] { Run([&](Program &p) { RunMenuItem(p, itemName); }); });
+        actions_.push_back({item, action, command && command->run, nullptr});
+    }
+}
+
+void MainWindow::BuildMenus() {
+    AddItems(AddMenu(nullptr, "File"),
+             {"Salva", "SalvaGeom", "SalvaSoll", "ScriColl", "SalvaDisegno", "Esci"});
+    visualizza_ = AddMenu(nullptr, "Visualizza");
+    AddItems(visualizza_, {"Ottimizza", "ZoomIn", "Sposta", "Ridis"});
+    AddItems(AddMenu(nullptr, "Operazioni"),
+             {"NodoBase", "RimNodoBase", "AsteNodoBase", "Aggiungi", "Rimuovi", "RimTutto",
+              "Inverti", "EvidTipo", "Interrompi"});
+    QMenu *selezioni = AddMenu(nullptr, "Selezioni");
+    AddItems(selezioni, {"Finestra"});
+    AddItems(AddMenu(selezioni, "Colore"), {"Bianco", "Blu", "Rosso", "Verde", "Giallo",
+                                            "VerdeScuro", "Magenta", "Azzurro", "Ara", "TuttiCol"});
+    AddItems(AddMenu(selezioni, "TipoPunto"),
+             {"TipoPt1", "TipoPt2", "TipoPt3", "TipoPt4", "TuttiPt"});
+    AddItems(selezioni, {"SchVincolo", "Nome", "Tutto"});
+    AddItems(AddMenu(nullptr, "Opzioni"),
+             {"VisCoord", "VisAssi", "BarraLat", "BarraIcone", "Trappola", "Rappresentazione"});
+}
+
+void MainWindow::BuildToolbar(QWidget *client) {
+    toolbar_ = new QToolBar(client);
+    toolbar_->setIconSize(QSize(20, 20));
+    toolbar_->setMovable(false);
+    toolbar_->setFloatable(false);
+    for (const ToolbarButton &b : ToolbarButtons()) {
+        std::string key = b.key;
+        QAction *action =
+            toolbar_->addAction(QIcon(QString(":/icons/%1.svg").arg(b.key)), QString(b.key));
+        connect(action, &QAction::triggered, this,
+                [this, key] { Run([&](Program &p) { RunToolbarButton(p, key); }); });
+        actions_.push_back({"Toolbar1." + key, action, true, nullptr});
+        // The bar's groups: files and exit, view, selection, side bar.
+        if (key == "Esci" || key == "Ridisegna" || key == "Interrompi")
+            toolbar_->addSeparator();
+    }
+    Bind("Toolbar1", toolbar_, BindingStyle::Placed);
+}
+
+void MainWindow::BuildSideBar(QWidget *client) {
+    auto *frameSel = new QGroupBox(client);
+    auto *sel = new QVBoxLayout(frameSel);
+    sel->setSpacing(2);
+    for (int i = 0; i < 4; ++i)
+        sel->addWidget(Bind("OpzMetodo(" + std::to_string(i) + ")", new QRadioButton(frameSel),
+                            BindingStyle::Plain));
+    for (const char *name : {"analLun", "AnalSezAste", "AnalColAste", "analLinAste"})
+        sel->addWidget(Bind(name, new QCheckBox(frameSel), BindingStyle::Plain));
+    sel->addStretch();
+    Bind("FrameSel", frameSel, BindingStyle::Placed);
+
+    auto *frameAtt = new QGroupBox(client);
+    auto *att = new QVBoxLayout(frameAtt);
+    att->setSpacing(2);
+    for (const char *name : {"NodiAtt", "AsteAtt", "GusciAtt", "ElSelez", "ElNonSelez"})
+        att->addWidget(Bind(name, new QCheckBox(frameAtt), BindingStyle::Plain));
+    att->addSpacing(4);
+    att->addWidget(Bind("Label3(0)", Label(frameAtt), BindingStyle::Plain));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(4);
+    grid->setVerticalSpacing(2);
+    const char *axes[] = {"X", "Y", "Z"};
+    const std::array<void (*)(Program &), 3> reset = {TuttoX_Click, TuttoY_Click, TuttoZ_Click};
+    for (int k = 0; k < 3; ++k) {
+        std::string axis = axes[k];
+        grid->addWidget(
+            Bind("Label3(" + std::to_string(k + 1) + ")", Label(frameAtt), BindingStyle::Plain), k,
+            0);
+        grid->addWidget(Bind("Int" + axis + "(0)", new QLineEdit(frameAtt), BindingStyle::Plain), k,
+                        1);
+        grid->addWidget(
+            Bind("Label4(" + std::to_string(k) + ")", Label(frameAtt), BindingStyle::Plain), k, 2);
+        grid->addWidget(Bind("Int" + axis + "(1)", new QLineEdit(frameAtt), BindingStyle::Plain), k,
+                        3);
+        auto *all = new QPushButton(frameAtt);
+        connect(all, &QPushButton::clicked, this, [this, command = reset[k]] { Run(command); });
+        grid->addWidget(Bind("Tutto" + axis, all, BindingStyle::Plain), k, 4);
+    }
+    att->addLayout(grid);
+    att->addStretch();
+    Bind("FrameAtt", frameAtt, BindingStyle::Placed);
+
+    Bind("Label7", Label(client), BindingStyle::Placed);
+    picture1_ = new SurfaceWidget(QColor(40, 44, 52), client);
+    Bind("Picture1", picture1_, BindingStyle::Placed);
+    // The bar-type labels lie over the schema, placed in the client area like it.
+    for (int k = 1; k <= 30; ++k) {
+        QLabel *label = Label(client);
+        label->setAlignment(Qt::AlignCenter);
+        label->setAutoFillBackground(true);
+        label->setFrameStyle(QFrame::Box | QFrame::Plain);
+        label->setProperty("labelTipo", k);
+        label->installEventFilter(this);
+        Bind("LabelTipo(" + std::to_string(k) + ")", label, BindingStyle::Placed);
+    }
+}
+
+void MainWindow::BuildControls(QWidget *client) {
+    // Frames first: the controls placed over them are created later and so lie on top.
+    for (const char *name : {"Frame2(0)", "Frame2(1)", "FrameCoord", "FrameInput"})
+        Bind(name, new QGroupBox(client), BindingStyle::Placed);
+
+    disegno_ = new SurfaceWidget(Qt::black, client);
+    disegno_->setMouseTracking(true);
+    connect(disegno_, &SurfaceWidget::Pressed, this,
+            [this](QMouseEvent *e) { DisegnoMouse(e, 0); });
+    connect(disegno_, &SurfaceWidget::Moved, this, [this](QMouseEvent *e) { DisegnoMouse(e, 1); });
+    connect(disegno_, &SurfaceWidget::Released, this,
+            [this](QMouseEvent *e) { DisegnoMouse(e, 2); });
+    connect(disegno_, &SurfaceWidget::DoubleClicked, this,
+            [this](QMouseEvent *e) { DisegnoMouse(e, 3); });
+    connect(disegno_, &SurfaceWidget::Wheeled, this,
+            [this](int steps) { Run([steps](Program &p) { WheelZoom(p, steps); }); });
+    Bind("Disegno", disegno_, BindingStyle::Placed);
+
+    for (const char *name :
+         {"Domanda", "Label5", "StringaSel", "FunAttiva", "SottoFunAttiva", "Label6", "LabCoord"})
+        Bind(name, Label(client), BindingStyle::Placed);
+    auto *risposta = new QLineEdit(client);
+    connect(risposta, &QLineEdit::returnPressed, this,
+            [this] { Run([](Program &p) { Risposta_KeyDown(p, 13); }); });
+    Bind("Risposta", risposta, BindingStyle::Placed);
+
+    for (int i = 0; i < 3; ++i) {
+        std::string index = "(" + std::to_string(i) + ")";
+        QLabel *alpha = Label(client);
+        alpha->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        Bind("Label1" + index, alpha, BindingStyle::SymbolPlaced);
+        QLabel *axis = Label(client);
+        QFont small = axis->font();
+        small.setPointSizeF(small.pointSizeF() * 0.75);
+        axis->setFont(small);
+        axis->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        Bind("Label2" + index, axis, BindingStyle::Placed);
+        Bind("Angolo" + index, new QLineEdit(client), BindingStyle::Placed);
+    }
+    BuildSideBar(client);
+    BuildToolbar(client);
+
+    for (Binding &b : bindings_)
+        if (qobject_cast<QLineEdit *>(b.widget))
+            b.widget->installEventFilter(this);
+}
+
+} // namespace vorna::qt

@@ -1,0 +1,154 @@
+// Tests of the Qt surfaces' batching: runs per pen in drawing order, clipping, the scale and
+// the helpers that convert texts and filters for Qt.
+#include "ui/qt/control_binding.h"
+#include "ui/qt/qt_canvas.h"
+#include "ui/qt/qt_ui.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace vorna::qt {
+namespace {
+
+using Kind = PaintRun::Kind;
+constexpr Rgb kRed = 0x0000FF, kBlue = 0xFF0000;
+
+// A 200 x 100 pixel surface showing x 0..20, y 0..10 (y up): 10 pixels per unit.
+class RecordingRunCanvas : public RunCanvas {
+public:
+    RecordingRunCanvas() : RunCanvas(QSize(200, 100)) { SetScale({0, 10, 20, -10}); }
+    std::vector<PaintRun> runs;
+    int erased = 0, shown = 0;
+
+protected:
+    void Paint(const PaintRun &run) override { runs.push_back(run); }
+    void Erase() override { ++erased; }
+    void Show() override { ++shown; }
+};
+
+TEST(RunCanvas, OnePenMakesOneRunAndDrawingOrderIsKept) {
+    RecordingRunCanvas c;
+    c.Line(0, 10, 1, 9, kRed);
+    c.Line(1, 9, 2, 8, kRed);
+    c.SetLineWidth(4);
+    c.Line(2, 8, 3, 7, kRed);
+    c.Line(3, 7, 4, 6, kBlue);
+    c.Arc(5, 5, 1, kBlue, 0, 0);
+    c.Arc(6, 5, 1, kBlue, 0, 0);
+    c.Arc(7, 5, 2, kBlue, 0, 0);
+    c.FilledCircle(8, 5, 1, kBlue);
+    c.Line(4, 6, 5, 5, kBlue);
+    EXPECT_EQ(c.runs.size(), 6u) << "the last run waits for a pen change or a refresh";
+    c.Refresh();
+    EXPECT_EQ(c.shown, 1);
+    ASSERT_EQ(c.runs.size(), 7u);
+    EXPECT_EQ(c.runs[0].kind, Kind::Lines);
+    EXPECT_EQ(c.runs[0].lines.size(), 2u);
+    EXPECT_EQ(c.runs[0].lines[0], QLineF(0, 0, 10, 10));
+    EXPECT_EQ(c.runs[0].width, 1);
+    EXPECT_EQ(c.runs[1].width, 4);
+    EXPECT_EQ(c.runs[1].colour, kRed);
+    EXPECT_EQ(c.runs[2].colour, kBlue);
+    EXPECT_EQ(c.runs[3].kind, Kind::Circles);
+    EXPECT_EQ(c.runs[3].centres.size(), 2u);
+    EXPECT_DOUBLE_EQ(c.runs[3].radius, 10);
+    EXPECT_EQ(c.runs[3].centres[1], QPointF(60, 50));
+    EXPECT_DOUBLE_EQ(c.runs[4].radius, 20) << "another radius is another stamp";
+    EXPECT_EQ(c.runs[5].kind, Kind::Discs);
+    EXPECT_EQ(c.runs[6].kind, Kind::Lines);
+}
+
+TEST(RunCanvas, WhatCannotBeSeenIsDroppedOrClipped) {
+    const double inf = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    RecordingRunCanvas c;
+    c.Line(100, 5, 200, 5, kRed);  // right of the surface
+    c.Line(nan, 5, 1, 5, kRed);    // not a number
+    c.Line(0, 5, inf, 5, kRed);    // no end
+    c.Arc(-50, 5, 1, kRed, 0, 0);  // far left
+    c.Arc(1, 5, nan, kRed, 0, 0);  // no radius
+    c.Arc(1, 5, 1e12, kRed, 0, 0); // larger than any screen
+    c.FilledCircle(inf, 5, 1, kRed);
+    c.Refresh();
+    EXPECT_TRUE(c.runs.empty());
+
+    c.Line(10, 5, 1e9, 5, kRed);   // leaves the surface: cut at the margin
+    c.Arc(-0.5, 5, 1, kRed, 0, 0); // centre outside, outline inside
+    c.Refresh();
+    ASSERT_EQ(c.runs.size(), 2u);
+    EXPECT_EQ(c.runs[0].lines[0], QLineF(100, 50, 203, 50));
+    EXPECT_EQ(c.runs[1].centres.size(), 1u);
+
+    c.runs.clear();
+    c.SetScale({0, 0, 0, 0}); // a surface without a scale draws nothing
+    c.Line(0, 0, 1, 1, kRed);
+    c.Arc(0, 0, 1, kRed, 0, 0);
+    c.Refresh();
+    EXPECT_TRUE(c.runs.empty());
+}
+
+TEST(RunCanvas, ClearForgetsWhatWasNotPaintedYet) {
+    RecordingRunCanvas c;
+    c.Line(0, 0, 1, 1, kRed);
+    c.Clear();
+    c.Refresh();
+    EXPECT_EQ(c.erased, 1);
+    EXPECT_TRUE(c.runs.empty());
+}
+
+TEST(RunCanvas, ArcsRunCounterClockwiseFromStartToEnd) {
+    RecordingRunCanvas c;
+    const double pi = std::numbers::pi;
+    c.Arc(10, 5, 1, kRed, 0, pi / 2);
+    c.Arc(10, 5, 1, kRed, 3 * pi / 2, pi / 2); // across zero
+    c.Refresh();
+    ASSERT_EQ(c.runs.size(), 1u);
+    ASSERT_EQ(c.runs[0].arcs.size(), 2u);
+    EXPECT_EQ(c.runs[0].arcs[0].start16, 0);
+    EXPECT_EQ(c.runs[0].arcs[0].span16, 90 * 16);
+    EXPECT_EQ(c.runs[0].arcs[1].start16, 270 * 16);
+    EXPECT_EQ(c.runs[0].arcs[1].span16, 180 * 16);
+}
+
+TEST(RunCanvas, SizeInTwipsAndPixelsBackToUnits) {
+    RecordingRunCanvas c;
+    EXPECT_DOUBLE_EQ(c.TwipsPerPixelX(), 15);
+    EXPECT_DOUBLE_EQ(c.WidthTwips(), 3000);
+    EXPECT_DOUBLE_EQ(c.HeightTwips(), 1500);
+    c.SetDpi(120, 144);
+    EXPECT_DOUBLE_EQ(c.TwipsPerPixelX(), 12);
+    EXPECT_DOUBLE_EQ(c.HeightTwips(), 1000);
+    QPointF back = c.ToUnits(c.ToPixel(3.5, 7.25));
+    EXPECT_DOUBLE_EQ(back.x(), 3.5);
+    EXPECT_DOUBLE_EQ(back.y(), 7.25);
+}
+
+TEST(QtCanvas, ShowsOnlyWhatChangedAndKeepsItsPictureOnResizing) {
+    QtCanvas c(QSize(40, 30), Qt::black);
+    c.SetScale({0, 3, 4, -3});
+    c.Image();
+    EXPECT_FALSE(c.NeedsShowing());
+    c.Line(0, 0, 4, 3, 0xFFFFFF);
+    EXPECT_TRUE(c.NeedsShowing()) << "a pending run must reach the screen too";
+    c.Image();
+    EXPECT_FALSE(c.NeedsShowing());
+    c.Resize(QSize(80, 60));
+    EXPECT_EQ(c.Image().size(), QSize(80, 60));
+    EXPECT_DOUBLE_EQ(c.WidthTwips(), 1200);
+}
+
+TEST(QtTexts, FiltersSymbolFontAndCodePage) {
+    EXPECT_EQ(SaveFilters("Disegno (*.dis)|*.dis|File DXF|*.dxf;*.DXF"),
+              QStringList({"Disegno (*.dis)", "File DXF (*.dxf *.DXF)"}));
+    EXPECT_EQ(SaveFilters("Solo descrizione"), QStringList());
+    EXPECT_EQ(SymbolFontText("a"), QString::fromUtf8("α"));
+    EXPECT_EQ(SymbolFontText("x1"), QString::fromUtf8("ξ1"));
+    EXPECT_EQ(ToQString("perch\xE8"), QString::fromUtf8("perchè"));
+    EXPECT_EQ(FromQString(QString::fromUtf8("perchè")), "perch\xE8");
+}
+
+} // namespace
+} // namespace vorna::qt
