@@ -26,23 +26,23 @@ const std::vector<Command> &CommandTable() {
         {"EvidTipo", &F::EvidTipo, nullptr, nullptr, EvidTipo_Click},
         {"Interrompi", &F::Interrompi, "Interrompi", nullptr, Interrompi_Click},
         {"Finestra", &F::Finestra, nullptr, nullptr, Finestra_Click},
-        {"Bianco", &F::Bianco, nullptr, nullptr, [](Program &p) { ColourCommand(p, 1); }},
-        {"Blu", &F::Blu, nullptr, nullptr, [](Program &p) { ColourCommand(p, 2); }},
-        {"Rosso", &F::Rosso, nullptr, nullptr, [](Program &p) { ColourCommand(p, 3); }},
-        {"Verde", &F::Verde, nullptr, nullptr, [](Program &p) { ColourCommand(p, 4); }},
-        {"Giallo", &F::Giallo, nullptr, nullptr, [](Program &p) { ColourCommand(p, 5); }},
-        {"VerdeScuro", &F::VerdeScuro, nullptr, nullptr, [](Program &p) { ColourCommand(p, 6); }},
-        {"Magenta", &F::Magenta, nullptr, nullptr, [](Program &p) { ColourCommand(p, 7); }},
-        {"Azzurro", &F::Azzurro, nullptr, nullptr, [](Program &p) { ColourCommand(p, 8); }},
-        {"Ara", &F::Ara, nullptr, nullptr, [](Program &p) { ColourCommand(p, 9); }},
+        {"Bianco", &F::Bianco, nullptr, nullptr, [](Program &p) { ColourCommand(p, 1); }, &F::Colore},
+        {"Blu", &F::Blu, nullptr, nullptr, [](Program &p) { ColourCommand(p, 2); }, &F::Colore},
+        {"Rosso", &F::Rosso, nullptr, nullptr, [](Program &p) { ColourCommand(p, 3); }, &F::Colore},
+        {"Verde", &F::Verde, nullptr, nullptr, [](Program &p) { ColourCommand(p, 4); }, &F::Colore},
+        {"Giallo", &F::Giallo, nullptr, nullptr, [](Program &p) { ColourCommand(p, 5); }, &F::Colore},
+        {"VerdeScuro", &F::VerdeScuro, nullptr, nullptr, [](Program &p) { ColourCommand(p, 6); }, &F::Colore},
+        {"Magenta", &F::Magenta, nullptr, nullptr, [](Program &p) { ColourCommand(p, 7); }, &F::Colore},
+        {"Azzurro", &F::Azzurro, nullptr, nullptr, [](Program &p) { ColourCommand(p, 8); }, &F::Colore},
+        {"Ara", &F::Ara, nullptr, nullptr, [](Program &p) { ColourCommand(p, 9); }, &F::Colore},
         {"TuttiCol", &F::TuttiCol, nullptr, nullptr,
-         [](Program &p) { ColourCommand(p, kAllCodes); }},
-        {"TipoPt1", &F::TipoPt1, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 0); }},
-        {"TipoPt2", &F::TipoPt2, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 1); }},
-        {"TipoPt3", &F::TipoPt3, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 2); }},
-        {"TipoPt4", &F::TipoPt4, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 3); }},
+         [](Program &p) { ColourCommand(p, kAllCodes); }, &F::Colore},
+        {"TipoPt1", &F::TipoPt1, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 0); }, &F::TipoPunto},
+        {"TipoPt2", &F::TipoPt2, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 1); }, &F::TipoPunto},
+        {"TipoPt3", &F::TipoPt3, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 2); }, &F::TipoPunto},
+        {"TipoPt4", &F::TipoPt4, nullptr, nullptr, [](Program &p) { PointTypeCommand(p, 3); }, &F::TipoPunto},
         {"TuttiPt", &F::TuttiPt, nullptr, nullptr,
-         [](Program &p) { PointTypeCommand(p, kAllCodes); }},
+         [](Program &p) { PointTypeCommand(p, kAllCodes); }, &F::TipoPunto},
         {"SchVincolo", &F::SchVincolo, nullptr, nullptr, SchVincolo_Click},
         {"Nome", &F::Nome, nullptr, nullptr, Nome_Click},
         {"Tutto", &F::Tutto, nullptr, nullptr, Tutto_Click},
@@ -71,7 +71,8 @@ bool Run(Program &p, const Command &c) {
 bool RunMenuItem(Program &p, std::string_view menuItem) {
     for (const Command &c : CommandTable())
         if (menuItem == c.menuItem)
-            return (p.form.*c.item).enabled && Run(p, c);
+            return (p.form.*c.item).enabled &&
+                   (c.submenu == nullptr || (p.form.*c.submenu).enabled) && Run(p, c);
     return false;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/program.h"
+#include "connection/analogy.h"
 
 #include <string_view>
 #include <vector>
@@ -17,6 +18,7 @@ struct Command {
     const char *buttonKey;     // icon-bar key running the same command, or nullptr
     const char *shortcut;      // e.g. "Ctrl+O", or nullptr
     CommandHandler run;
+    Control FormVorna::*submenu = nullptr; // Colore or TipoPunto: disabled with its submenu
 };
 
 const std::vector<Command> &CommandTable();
@@ -64,11 +66,30 @@ void Tutto_Click(Program &);
 void Trappola_Click(Program &);
 void ColourCommand(Program &, int code);
 void PointTypeCommand(Program &, int code);
+// The answer line closed and no way of selecting: the start of every selection command.
+void ResetSelectionInput(Program &);
+// The Selezioni items the running function offers; DisableSelectionMenus turns all six off.
+void EnableSelectionMenus(Program &);
+void DisableSelectionMenus(Program &);
+// Starts a function of Operazioni in direct selection, with Interrompi enabled; the functions
+// without selection menus (base node, bar types) turn them off.
+void StartFunction(Program &, ActiveFunction function);
 // connection_commands.cpp
 void NodoBase_Click(Program &);
 void RimNodoBase_Click(Program &);
 void AsteNodoBase_Click(Program &);
 void EvidTipo_Click(Program &);
+// The whole choice of the base node after a pick of a node named name in "Scegli nodo base".
+void ChooseBaseNodeByPick(Program &, int name);
+// After base bars were removed: drops the base node without bars, redraws its schema and reads
+// the bar types back from the labels.
+void AfterBaseBarsRemoved(Program &);
+// The list of analogous nodes as range text into StringaSel.
+void RefreshListText(Program &);
+AnalogyParameters AnalogyParametersOf(const FormVorna &form);
+// A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
+// colours.
+void HighlightNodeBarTypes(Program &, int name);
 // file_commands.cpp
 // Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
 void LoadConnectionInput(Program &);
