@@ -139,6 +139,33 @@ BENCHMARK(BM_DrawStructureBatched)
     ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 
+// The same with every node analogous and every bar belonging to an analogous node, so every
+// element takes its highlight colour and the wide pen.
+void BM_DrawStructureAllAnalogous(benchmark::State &state) {
+    vorna::qt::QtCanvas canvas(kSurface, Qt::black);
+    FittedModel fitted(canvas);
+    if (!fitted.ready) {
+        state.SkipWithError("the large model did not load");
+        return;
+    }
+    for (int i = 0; i < fitted.model->nodeCount; ++i) {
+        vorna::AnalogousNode record;
+        record.node = static_cast<std::int16_t>(i);
+        vorna::AppendAnalogous(fitted.connection, record);
+    }
+    for (int b = 0; b < fitted.model->barCount; ++b)
+        fitted.connection.barUses[b] = 1;
+    for (auto _ : state) {
+        vorna::DrawStructure(fitted.Input(), canvas);
+        benchmark::DoNotOptimize(canvas.Image().constBits());
+    }
+    state.counters["analogous"] = static_cast<double>(fitted.connection.analogousNodes.size());
+}
+BENCHMARK(BM_DrawStructureAllAnalogous)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+
 void BM_DrawStructureElementByElement(benchmark::State &state) {
     ElementCanvas canvas;
     FittedModel fitted(canvas);

@@ -1,0 +1,64 @@
+// End-to-end: a connection defined on the demo job from the first click to the files the suite
+// reads, compared byte for byte with the files kept beside the tests.
+#include "e2e_support.h"
+
+namespace vorna {
+namespace {
+
+std::string Expected(const std::string &name) {
+    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
+}
+
+TEST(EndToEndConnection, PickTypeAddRemoveAndExportTheConnection) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run("NodoBase\n"
+                                  "clicknode 18\n"
+                                  "label 1\n" // the column below becomes a "TR"
+                                  "Aggiungi\n"
+                                  "TuttiCol\n"
+                                  "Rimuovi\n"
+                                  "Nome\n"
+                                  "set Risposta 30\n"
+                                  "key Enter\n"
+                                  "dump connection\n"
+                                  "ScriColl\n"
+                                  "dump connection\n");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_NE(r.output.find("baseBarTypes=2,1,2,1,1,1\n"), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("analogousListText=18-19,31\n"), std::string::npos);
+    // ScriColl ends the program: the second dump never runs.
+    EXPECT_EQ(r.output.find("analogousListText"), r.output.rfind("analogousListText"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "Collegamenti.txt"),
+              Expected("identical-Collegamenti.txt"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "Dati_Coll_3D.txt"),
+              Expected("identical-Dati_Coll_3D.txt"));
+    EXPECT_FALSE(std::filesystem::exists(suite.job() / "VornaOut.txt"));
+}
+
+TEST(EndToEndConnection, MirroredJointsAndTheGeometryImport) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run("option OpzMetodo(1)\n"
+                                  "NodoBase\n"
+                                  "clicknode 13\n"
+                                  "Aggiungi\n"
+                                  "TuttiCol\n"
+                                  "SalvaGeom\n");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.output.find("message|"), std::string::npos) << r.output;
+    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"), Expected("mirrored-VornaOut.txt"));
+    EXPECT_FALSE(std::filesystem::exists(suite.job() / "Collegamenti.txt"));
+}
+
+TEST(EndToEndConnection, ExportsAreOfferedOnlyWithABaseNode) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run("ScriColl\nbutton ImportaTutto\nNodoBase\nclicknode 18\n"
+                                  "RimNodoBase\nScriColl\n");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_NE(r.output.find("ignored|ScriColl\nignored|button ImportaTutto\n"), std::string::npos)
+        << r.output;
+    EXPECT_NE(r.output.find("message|INFORMAZIONE|"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(suite.job() / "Collegamenti.txt"));
+}
+
+} // namespace
+} // namespace vorna
