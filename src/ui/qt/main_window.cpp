@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -216,6 +217,14 @@ void MainWindow::resizeEvent(QResizeEvent *event) {
         TakeSizeFromWindow();
         LayOutForm(p);
     });
+    // The picture follows the new size once the surface has it, as a user expects of a resize.
+    if (program_->structureLoaded && !redrawQueued_) {
+        redrawQueued_ = true;
+        QTimer::singleShot(0, this, [this] {
+            redrawQueued_ = false;
+            Run([](Program &p) { RedrawView(p); });
+        });
+    }
 }
 
 void MainWindow::changeEvent(QEvent *event) {

@@ -77,6 +77,7 @@ private:
     QSize appliedSize_; // the window size last set from the form
     double shownTwipsPerPixel_ = 0;
     bool running_ = false;
+    bool redrawQueued_ = false; // a redraw after a resize is on its way
 };
 
 } // namespace vorna::qt
