@@ -1,0 +1,25 @@
+// Fuzz target: the stroke-font reader on arbitrary bytes, and text written with what it read.
+#include "view/stroke_font.h"
+
+#include "platform/plain_canvas.h"
+#include "platform/silent_ui.h"
+
+#include <memory>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    static auto font = std::make_unique<vorna::StrokeFont>();
+    *font = vorna::StrokeFont{};
+    std::string text(reinterpret_cast<const char *>(data), size);
+    vorna::ParseStrokeFont(text, *font);
+    // Every glyph read must draw within its tables: write all 256 codes once.
+    std::string all;
+    for (int c = 1; c < 256; ++c)
+        all += static_cast<char>(c);
+    vorna::PlainCanvas surface(1500, 1500);
+    vorna::DrawBuffers buffers;
+    vorna::SilentUi ui;
+    vorna::DrawText(*font, all, 0, 0, 30, 5, 5, 1, vorna::DrawTarget{&surface, &buffers, &ui});
+    vorna::DrawText(*font, all, 0, 0, 90, 5, 5, 0, vorna::DrawTarget{nullptr, &buffers, &ui});
+    return 0;
+}
