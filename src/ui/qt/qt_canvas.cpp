@@ -1,4 +1,5 @@
-// A drawing surface painted with QPainter into a cached image, batched by runs.
+// A drawing surface painted into a cached image: lines are rasterised straight into the
+// image's pixels, circles are stamped from pixel masks made once per pen and radius.
 #include "ui/qt/qt_canvas.h"
 
 #include <QWidget>
@@ -25,12 +26,23 @@ QPen PenOf(const PaintRun &run) {
     return pen;
 }
 
-// A one-pixel line straight into the image (Bresenham): for the thousands of thin bars and shell
-// edges of a large model this is several times faster than the painter's general stroker.
-void ThinLine(QRgb *bits, qsizetype stride, int width, int height, const QLineF &line, QRgb rgb) {
-    int x = static_cast<int>(std::lround(line.x1())), y = static_cast<int>(std::lround(line.y1()));
-    int x2 = static_cast<int>(std::lround(line.x2())),
-        y2 = static_cast<int>(std::lround(line.y2()));
+// The image's pixels, written directly: for the tens of thousands of bars, shell edges and node
+// circles of a large model this is several times faster than the painter's general stroker.
+struct Pixels {
+    QRgb *bits;
+    qsizetype stride;
+    int width;
+    int height;
+    void Set(int x, int y, QRgb rgb) const {
+        // Clipping leaves a few pixels of margin; those are not in the image.
+        if (static_cast<unsigned>(x) < static_cast<unsigned>(width) &&
+            static_cast<unsigned>(y) < static_cast<unsigned>(height))
+            bits[y * stride + x] = rgb;
+    }
+};
+
+// A one-pixel line (Bresenham).
+void ThinLine(const Pixels &px, int x, int y, int x2, int y2, QRgb rgb) {
     // Always from the same end, so that a bar drawn over a shell edge covers it pixel for pixel.
     if (x > x2 || (x == x2 && y > y2)) {
         std::swap(x, x2);
@@ -40,10 +52,7 @@ void ThinLine(QRgb *bits, qsizetype stride, int width, int height, const QLineF 
     const int dy = -std::abs(y2 - y), sy = y < y2 ? 1 : -1;
     int err = dx + dy;
     for (;;) {
-        // Clipping leaves a few pixels of margin; those are not in the image.
-        if (static_cast<unsigned>(x) < static_cast<unsigned>(width) &&
-            static_cast<unsigned>(y) < static_cast<unsigned>(height))
-            bits[y * stride + x] = rgb;
+        px.Set(x, y, rgb);
         if (x == x2 && y == y2)
             return;
         const int e2 = 2 * err;
@@ -55,6 +64,21 @@ void ThinLine(QRgb *bits, qsizetype stride, int width, int height, const QLineF 
             err += dx;
             y += sy;
         }
+    }
+}
+
+// A line of several pixels: parallel one-pixel lines side by side across its run.
+void WideLine(const Pixels &px, const QLineF &line, int width, QRgb rgb) {
+    const int x1 = static_cast<int>(std::lround(line.x1())),
+              y1 = static_cast<int>(std::lround(line.y1()));
+    const int x2 = static_cast<int>(std::lround(line.x2())),
+              y2 = static_cast<int>(std::lround(line.y2()));
+    const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
+    for (int k = -(width - 1) / 2; k <= width / 2; ++k) {
+        if (flat)
+            ThinLine(px, x1, y1 + k, x2, y2 + k, rgb);
+        else
+            ThinLine(px, x1 + k, y1, x2 + k, y2, rgb);
     }
 }
 
@@ -118,63 +142,68 @@ void QtCanvas::Show() {
         target_->update();
 }
 
-const QImage &QtCanvas::Stamp(const PaintRun &run) {
+const std::vector<QPoint> &QtCanvas::Stamp(const PaintRun &run) {
     if (stamps_.size() > 256)
         stamps_.clear();
     auto [it, added] = stamps_.try_emplace(StampKey(run));
     if (added) {
+        // The pixels whose centres lie on the pen's ring (or inside, for a disc).
         const int half = StampHalf(run);
-        QImage stamp(2 * half + 1, 2 * half + 1, QImage::Format_ARGB32_Premultiplied);
-        stamp.fill(Qt::transparent);
-        QPainter p(&stamp);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setPen(PenOf(run));
-        if (run.kind == PaintRun::Kind::Discs)
-            p.setBrush(ColourOf(run.colour));
-        // Centred on the middle of the middle pixel, where an aliased line end lands.
-        p.drawEllipse(QPointF(half + 0.5, half + 0.5), run.radius, run.radius);
-        it->second = std::move(stamp);
+        const double inner = run.kind == PaintRun::Kind::Discs ? 0 : run.radius - run.width / 2.0;
+        const double outer = run.radius + run.width / 2.0;
+        for (int y = -half; y <= half; ++y)
+            for (int x = -half; x <= half; ++x)
+                if (const double d = std::hypot(x, y); d >= inner && d <= outer)
+                    it->second.emplace_back(x, y);
     }
     return it->second;
 }
 
-void QtCanvas::PaintThinLines(const PaintRun &run) {
-    Finish();
+void QtCanvas::PaintLines(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    auto *bits = reinterpret_cast<QRgb *>(image_.bits());
-    const qsizetype stride = image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    const Pixels px{reinterpret_cast<QRgb *>(image_.bits()),
+                    image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image_.width(),
+                    image_.height()};
     for (const QLineF &line : run.lines)
-        ThinLine(bits, stride, image_.width(), image_.height(), line, rgb);
+        WideLine(px, line, std::max(1, run.width), rgb);
+}
+
+void QtCanvas::PaintStamps(const PaintRun &run) {
+    const QRgb rgb = ColourOf(run.colour).rgb();
+    const Pixels px{reinterpret_cast<QRgb *>(image_.bits()),
+                    image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image_.width(),
+                    image_.height()};
+    const std::vector<QPoint> &mask = Stamp(run);
+    for (const QPointF &c : run.centres) {
+        const int cx = static_cast<int>(std::lround(c.x())),
+                  cy = static_cast<int>(std::lround(c.y()));
+        for (const QPoint &d : mask)
+            px.Set(cx + d.x(), cy + d.y(), rgb);
+    }
 }
 
 void QtCanvas::Paint(const PaintRun &run) {
     changed_ = true;
-    if (run.kind == PaintRun::Kind::Lines && run.width == 1) {
-        PaintThinLines(run);
+    const bool stamped =
+        (run.kind == PaintRun::Kind::Circles || run.kind == PaintRun::Kind::Discs) &&
+        run.radius <= kLargestStamp;
+    if (run.kind == PaintRun::Kind::Lines || stamped) {
+        Finish(); // the pixels are written directly, not through the painter
+        if (stamped)
+            PaintStamps(run);
+        else
+            PaintLines(run);
         return;
     }
     QPainter &p = Painter();
     switch (run.kind) {
-    case PaintRun::Kind::Lines:
-        p.setPen(PenOf(run));
-        p.drawLines(run.lines.data(), static_cast<int>(run.lines.size()));
-        break;
     case PaintRun::Kind::Circles:
     case PaintRun::Kind::Discs:
-        if (run.radius <= kLargestStamp) {
-            const QImage &stamp = Stamp(run);
-            const int half = StampHalf(run);
-            for (const QPointF &c : run.centres)
-                p.drawImage(QPoint(static_cast<int>(std::lround(c.x())) - half,
-                                   static_cast<int>(std::lround(c.y())) - half),
-                            stamp);
-        } else {
-            p.setPen(PenOf(run));
-            p.setBrush(run.kind == PaintRun::Kind::Discs ? QBrush(ColourOf(run.colour)) : QBrush());
-            for (const QPointF &c : run.centres)
-                p.drawEllipse(c, run.radius, run.radius);
-            p.setBrush(QBrush());
-        }
+        p.setPen(PenOf(run));
+        p.setBrush(run.kind == PaintRun::Kind::Discs ? QBrush(ColourOf(run.colour)) : QBrush());
+        for (const QPointF &c : run.centres)
+            p.drawEllipse(c, run.radius, run.radius);
+        p.setBrush(QBrush());
         break;
     case PaintRun::Kind::Arcs:
         p.setPen(PenOf(run));
@@ -183,6 +212,7 @@ void QtCanvas::Paint(const PaintRun &run) {
                              2 * a.radius),
                       a.start16, a.span16);
         break;
+    case PaintRun::Kind::Lines:
     case PaintRun::Kind::None:
         break;
     }

@@ -1,5 +1,5 @@
-// A drawing surface painted with QPainter into a cached image: runs of lines go out in one
-// drawLines call, circles as pre-rendered stamps.
+// A drawing surface painted into a cached image: lines are rasterised straight into the
+// image's pixels, circles are stamped from pixel masks made once per pen and radius.
 #pragma once
 
 #include "ui/qt/run_canvas.h"
@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <unordered_map>
+#include <vector>
 
 class QWidget;
 
@@ -36,15 +37,17 @@ protected:
 private:
     QPainter &Painter();
     void Finish();
-    const QImage &Stamp(const PaintRun &run);
-    void PaintThinLines(const PaintRun &run);
+    const std::vector<QPoint> &Stamp(const PaintRun &run);
+    void PaintLines(const PaintRun &run);
+    void PaintStamps(const PaintRun &run);
 
     QImage image_;
     QColor background_;
     QWidget *target_;
     QPainter painter_;
     bool changed_ = false;
-    std::unordered_map<std::uint64_t, QImage> stamps_;
+    // The pixels of a circle of each pen and radius, as offsets from its centre pixel.
+    std::unordered_map<std::uint64_t, std::vector<QPoint>> stamps_;
 };
 
 } // namespace vorna::qt
