@@ -2,6 +2,7 @@
 // and the plain decimal texts the files use.
 #include "platform/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -24,7 +25,7 @@ double ParseSpan(std::string_view span) {
     bool negative = !span.empty() && span.front() == '-';
     std::string_view digits = span.substr(negative ? 1 : 0);
     if (!digits.empty() && digits.size() <= 15 &&
-        digits.find_first_not_of("0123456789") == std::string_view::npos) {
+        std::all_of(digits.begin(), digits.end(), IsDigit)) {
         long long n = 0;
         for (char c : digits)
             n = n * 10 + (c - '0');
@@ -97,6 +98,9 @@ std::optional<double> StrictNumber(std::string_view text) {
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 std::optional<std::int16_t> ToInt16(double value) {
+    // Most values are whole already: no rounding call for them.
+    if (value >= -32768.0 && value <= 32767.0 && static_cast<int>(value) == value)
+        return static_cast<std::int16_t>(value);
     double r = RoundHalfEven(value);
     if (!(r >= -32768.0 && r <= 32767.0))
         return std::nullopt;
