@@ -245,6 +245,7 @@ void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Con
     Each("Angolo", f.Angolo, 0, fn);
     VORNA_ONE(Label5);
     VORNA_ONE(StringaSel);
+    VORNA_ONE(Line2);
     Each("Frame2", f.Frame2, 0, fn);
     VORNA_ONE(FunAttiva);
     VORNA_ONE(SottoFunAttiva);
