@@ -70,6 +70,10 @@ void UpdateCoordinateLabels(Program &p) {
 } // namespace
 
 void DrawStructureNow(Program &p) {
+    // After a failed load the tables hold only what was read before the failure: nothing is
+    // drawn from them.
+    if (!p.structureLoaded)
+        return;
     p.ui.SetBusy(true);
     DrawStructure(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
                             p.font, p.form.VisAssi.checked},
@@ -78,6 +82,8 @@ void DrawStructureNow(Program &p) {
 }
 
 void RedrawView(Program &p) {
+    if (!p.structureLoaded)
+        return;
     ProjectFromAngles(p);
     SetViewScaleNow(p);
     DrawStructureNow(p);
