@@ -29,13 +29,6 @@ Control Button(std::string tooltip) {
     return c;
 }
 
-void Place(Control &c, double left, double top, double width, double height) {
-    c.left = left;
-    c.top = top;
-    c.width = width;
-    c.height = height;
-}
-
 // Design-time positions in client twips; the layout rule then fits them to the window size.
 void PlaceControls(FormVorna &f) {
     Place(f.Toolbar1, 0, 0, f.width, 400);
@@ -64,6 +57,13 @@ void PlaceControls(FormVorna &f) {
 }
 
 } // namespace
+
+void Place(Control &c, double left, double top, double width, double height) {
+    c.left = left;
+    c.top = top;
+    c.width = width;
+    c.height = height;
+}
 
 FormVorna InitialForm() {
     FormVorna f;

@@ -75,6 +75,9 @@ struct FormVorna {
         btnInterrompi, btnAggiungiBarraLat;
 };
 
+// Sets a control's left, top, width and height.
+void Place(Control &c, double left, double top, double width, double height);
+
 // The form as it is created, before start-up runs: captions, checks and enabling.
 FormVorna InitialForm();
 

@@ -9,14 +9,6 @@
 namespace vorna {
 namespace {
 
-// LineSposta keeps its two ends as left/top (start) and width/height (end).
-void SetLine(Control &line, double x1, double y1, double x2, double y2) {
-    line.left = x1;
-    line.top = y1;
-    line.width = x2;
-    line.height = y2;
-}
-
 // After a gesture the status line and the pointer show the selection mode again.
 void RestoreSelectionModeDisplay(Program &p) {
     if (p.command.selectionMode == SelectionMode::None) {
@@ -32,7 +24,7 @@ void MovePress(Program &p, double x, double y) {
     Control &line = p.form.LineSposta;
     if (!n.moveLineActive) {
         n.moveLineActive = true;
-        SetLine(line, x, y, x, y);
+        Place(line, x, y, x, y);
         line.visible = true;
         return;
     }
@@ -70,12 +62,8 @@ void LeftPress(Program &p, double x, double y) {
     const bool windowMode = c.selectionMode == SelectionMode::Window &&
                             c.activeFunction != ActiveFunction::ChooseBaseNode;
     if ((windowMode || n.zoomWindowPending) && !n.windowCornerSet) {
-        Control &shape = p.form.Shape;
-        shape.left = x;
-        shape.top = y;
-        shape.width = 0;
-        shape.height = 0;
-        shape.visible = true;
+        Place(p.form.Shape, x, y, 0, 0);
+        p.form.Shape.visible = true;
         n.cornerX = x;
         n.cornerY = y;
         n.windowCornerSet = true;
@@ -96,7 +84,7 @@ void Disegno_MouseDown(Program &p, int button, int, double x, double y) {
     if (button == kRightButton) {
         n.popupRequested = true;
     } else if (button == kMiddleButton) {
-        SetLine(p.form.LineSposta, x, y, x, y);
+        Place(p.form.LineSposta, x, y, x, y);
         n.panStartWindow = p.view.zoomWindow;
     } else if (button == kLeftButton) {
         LeftPress(p, x, y);
@@ -115,11 +103,7 @@ void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
     const bool banding = n.zoomWindowPending || p.command.selectionMode == SelectionMode::Window;
     if (n.windowCornerSet && banding) {
         if (auto band = StretchBand(n.cornerX, n.cornerY, x, y, p.disegno.Scale())) {
-            Control &shape = p.form.Shape;
-            shape.left = band->left;
-            shape.top = band->top;
-            shape.width = band->width;
-            shape.height = band->height;
+            Place(p.form.Shape, band->left, band->top, band->width, band->height);
         }
     }
     if (n.movePending && n.moveLineActive) {
