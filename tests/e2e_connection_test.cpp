@@ -60,5 +60,14 @@ TEST(EndToEndConnection, ExportsAreOfferedOnlyWithABaseNode) {
     EXPECT_FALSE(std::filesystem::exists(suite.job() / "Collegamenti.txt"));
 }
 
+TEST(EndToEndConnection, AnEmptyNameListLeavesTheBaseBarsAndTheirTypes) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run("NodoBase\nclicknode 18\nlabel 2\nAsteNodoBase\nNome\n"
+                                  "set Risposta 8-5\nkey Enter\ndump connection\n");
+    EXPECT_NE(r.output.find("baseBars=6,18,40,41,48,49\nbaseBarTypes=1,2,2,1,1,1\n"),
+              std::string::npos)
+        << r.output;
+}
+
 } // namespace
 } // namespace vorna

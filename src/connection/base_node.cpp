@@ -118,11 +118,15 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         return schema;
     }
     schema.label7Enabled = true;
-    // The types do not depend on the drawing, so they are assigned even when nothing can be
-    // drawn; the labels then carry them for the reading back.
-    if (automaticTyping)
-        AssignTypesByConnectionCode(model, state, input);
     const int count = state.baseBarCount;
+    std::vector<Vec3> directions;
+    for (int k = 0; k < count; ++k)
+        directions.push_back(BaseBarDirection(model, state, k));
+    const std::optional<Frame> frame = SchemaFrame(directions);
+    // A degenerate frame stops the schema before the automatic typing, which comes once the
+    // schema's scale is known. The labels carry the types either way, for the reading back.
+    if (frame && automaticTyping)
+        AssignTypesByConnectionCode(model, state, input);
     for (int k = 0; k < std::min(count, kTypeLabels); ++k) {
         schema.labels[k + 1].caption = BarTypeCode(input, state.baseBarTypes[k]);
         schema.labels[k + 1].tooltip =
@@ -130,11 +134,6 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
                 ? input.barTypeDescriptions[state.baseBarTypes[k]]
                 : std::string();
     }
-
-    std::vector<Vec3> directions;
-    for (int k = 0; k < count; ++k)
-        directions.push_back(BaseBarDirection(model, state, k));
-    const std::optional<Frame> frame = SchemaFrame(directions);
     if (!frame) {
         picture1.Refresh();
         return schema;

@@ -94,7 +94,8 @@ bool SelectByNames(SelectionContext &c, const std::vector<int> &names) {
         RemoveBaseBars(c.connection, c.model, [&](int bar) {
             return c.view.barShown[bar] && set(c.model.bars[bar].name);
         });
-        return true;
+        // The schema and the types follow each name given; with none there is nothing to follow.
+        return !names.empty();
     }
     return false;
 }
