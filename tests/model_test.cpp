@@ -119,9 +119,11 @@ TEST(Catalogues, SectionNamesLoseTheirPPrefixAndCountsAreLimited) {
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].text, " Troppe schede di sezione ");
 
-    EXPECT_FALSE(ParseThicknessCards("100\r\n1,2,3,20,5\r\n", m, messages, ui).endProgram);
-    EXPECT_EQ(m.thicknessCardCount, 1); // a truncated file: the rest counts as absent
+    EXPECT_FALSE(ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, messages, ui)
+                     .endProgram);
+    EXPECT_EQ(m.thicknessCardCount, 2); // a truncated file: the rest counts as absent
     EXPECT_EQ(m.thicknessValues[0], 20);
+    EXPECT_EQ(m.thicknessValues[1], 0.5); // blanks end numbers as commas do
     EXPECT_TRUE(ParseThicknessCards("101\r\n", m, messages, ui).endProgram);
     EXPECT_EQ(ui.messages.back().text, " Troppe schede di spessore ");
     ui.messages.clear();

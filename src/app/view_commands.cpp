@@ -82,8 +82,10 @@ void DrawStructureNow(Program &p) {
 }
 
 void RedrawView(Program &p) {
-    if (!p.structureLoaded)
+    if (!p.structureLoaded) {
+        p.ui.SetBusy(false); // a gesture may have asked for the busy pointer
         return;
+    }
     ProjectFromAngles(p);
     SetViewScaleNow(p);
     DrawStructureNow(p);

@@ -17,11 +17,12 @@ int ReadCardCount(TextCursor &cursor) {
     return n && *n > 0 ? *n : 0;
 }
 
-// Reads count fields; false when the file ends first, so the rest of the file counts as absent.
+// Reads count numeric fields (a blank ends a number as a comma does); false when the file ends
+// first, so the rest of the file counts as absent.
 bool SkipFields(TextCursor &cursor, int count) {
     std::string_view field;
     for (int i = 0; i < count; ++i)
-        if (!ReadTextField(cursor, field))
+        if (!ReadNumberField(cursor, field))
             return false;
     return true;
 }
@@ -60,7 +61,7 @@ CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
     model.thicknessCardCount = 0;
     for (int k = 0; k < n; ++k) {
         std::string_view thickness;
-        if (!SkipFields(cursor, 3) || !ReadTextField(cursor, thickness))
+        if (!SkipFields(cursor, 3) || !ReadNumberField(cursor, thickness))
             break;
         model.thicknessValues[k] = LeadingNumber(thickness);
         model.thicknessCardCount = static_cast<std::int16_t>(k + 1);
