@@ -23,7 +23,8 @@ struct RunResult {
 class DemoSuite {
 public:
     DemoSuite() {
-        std::string command = std::string(VORNA_DEMO_TOOL) + " " + dir_.path().string() + " >/dev/null";
+        std::string command =
+            std::string(VORNA_DEMO_TOOL) + " " + dir_.path().string() + " >/dev/null";
         EXPECT_EQ(std::system(command.c_str()), 0);
     }
     const std::filesystem::path &root() const { return dir_.path(); }

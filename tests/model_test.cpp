@@ -12,7 +12,8 @@ namespace {
 std::string SmallStructure(const std::string &nodeLines = "0 1 3\r\n12 0\r\n1\t3   1\r\n13 2\r\n",
                            const std::string &barGroup = "0,1,0,3") {
     return "Telaris RELEASE 4.0\r\n3\r\n0 0 0\r\n600.5 0 0\r\n0 0 350\r\n2\r\n" + nodeLines +
-           "1\r\n" + barGroup + "\r\n7 4 1 2 0 0\r\n1\r\n0 1 2 -1\r\n0 9 1 0 4\r\n"
+           "1\r\n" + barGroup +
+           "\r\n7 4 1 2 0 0\r\n1\r\n0 1 2 -1\r\n0 9 1 0 4\r\n"
            "2\r\nskip a\r\nskip b\r\n0\r\n1\r\nskip c\r\n1\r\nrec 1\r\nrec 2\r\n";
 }
 
@@ -119,8 +120,8 @@ TEST(Catalogues, SectionNamesLoseTheirPPrefixAndCountsAreLimited) {
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].text, " Troppe schede di sezione ");
 
-    EXPECT_FALSE(ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, messages, ui)
-                     .endProgram);
+    EXPECT_FALSE(
+        ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, messages, ui).endProgram);
     EXPECT_EQ(m.thicknessCardCount, 2); // a truncated file: the rest counts as absent
     EXPECT_EQ(m.thicknessValues[0], 20);
     EXPECT_EQ(m.thicknessValues[1], 0.5); // blanks end numbers as commas do

@@ -68,7 +68,7 @@ TEST(TextFile, FieldsFollowTheCommaSeparatedRules) {
     ASSERT_TRUE(ReadNumberField(c, f));
     EXPECT_EQ(f, "3");
     ASSERT_TRUE(ReadTextField(c, f));
-    EXPECT_EQ(f, "x y"); // text runs to the line end, trailing blanks dropped
+    EXPECT_EQ(f, "x y");                // text runs to the line end, trailing blanks dropped
     ASSERT_TRUE(ReadNumberField(c, f)); // empty lines before a number are skipped
     EXPECT_EQ(f, "7");
     ASSERT_TRUE(ReadLine(c, f));

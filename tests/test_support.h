@@ -4,10 +4,10 @@
 #include "platform/ui.h"
 
 #include <deque>
-#include <unistd.h>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace vorna::test {

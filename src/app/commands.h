@@ -13,10 +13,10 @@ namespace vorna {
 using CommandHandler = void (*)(Program &);
 
 struct Command {
-    const char *menuItem;      // item name in FormVorna, e.g. "Ottimizza"
-    Control FormVorna::*item;  // the menu item
-    const char *buttonKey;     // icon-bar key running the same command, or nullptr
-    const char *shortcut;      // e.g. "Ctrl+O", or nullptr
+    const char *menuItem;     // item name in FormVorna, e.g. "Ottimizza"
+    Control FormVorna::*item; // the menu item
+    const char *buttonKey;    // icon-bar key running the same command, or nullptr
+    const char *shortcut;     // e.g. "Ctrl+O", or nullptr
     CommandHandler run;
     Control FormVorna::*submenu = nullptr; // Colore or TipoPunto: disabled with its submenu
 };

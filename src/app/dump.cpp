@@ -68,7 +68,9 @@ void DumpModel(const Program &p, std::ostream &out) {
 namespace vorna {
 namespace {
 
-std::string Flag(bool on) { return on ? "1" : "0"; }
+std::string Flag(bool on) {
+    return on ? "1" : "0";
+}
 
 std::string WindowText(const ViewWindow &w) {
     return NumberText(w.xMax) + ',' + NumberText(w.xMin) + ',' + NumberText(w.yMax) + ',' +
@@ -100,8 +102,7 @@ void DumpControls(Program &p, std::ostream &out) {
 void DumpView(const Program &p, std::ostream &out) {
     const ViewState &v = p.view;
     out << "angles=" << Cp1252ToUtf8(p.form.Angolo[0].text) << ','
-        << Cp1252ToUtf8(p.form.Angolo[1].text) << ',' << Cp1252ToUtf8(p.form.Angolo[2].text)
-        << '\n'
+        << Cp1252ToUtf8(p.form.Angolo[1].text) << ',' << Cp1252ToUtf8(p.form.Angolo[2].text) << '\n'
         << "zoomWindow=" << WindowText(v.zoomWindow) << '\n'
         << "shownWindow=" << WindowText(v.shownWindow) << '\n'
         << "viewScale=" << NumberText(v.viewScale) << '\n';
@@ -109,8 +110,7 @@ void DumpView(const Program &p, std::ostream &out) {
     for (int i = 0; i < m.nodeCount; ++i) {
         int q = m.nodes[i].pointIndex;
         out << "node " << i << " x=" << NumberText(ProjectedXOf(v, q))
-            << " y=" << NumberText(ProjectedYOf(v, q)) << " shown=" << Flag(v.nodeShown[i])
-            << '\n';
+            << " y=" << NumberText(ProjectedYOf(v, q)) << " shown=" << Flag(v.nodeShown[i]) << '\n';
     }
     for (int i = 0; i < m.barCount; ++i) {
         const Bar &b = m.bars[i];
@@ -125,11 +125,13 @@ void DumpView(const Program &p, std::ostream &out) {
 void DumpConnection(const Program &p, std::ostream &out) {
     const ConnectionState &c = p.connection;
     const StructureModel &m = p.model;
-    auto nodeName = [&](int node) { return node >= 0 && node < m.nodeCount ? m.nodes[node].name : 0; };
+    auto nodeName = [&](int node) {
+        return node >= 0 && node < m.nodeCount ? m.nodes[node].name : 0;
+    };
     auto barName = [&](int bar) { return bar >= 0 && bar < m.barCount ? m.bars[bar].name : 0; };
     int bars = std::min<int>(c.baseBarCount, kMaxBaseBars);
-    out << "baseNode=" << (c.baseNode < 0 ? std::string("none") : std::to_string(nodeName(c.baseNode)))
-        << '\n'
+    out << "baseNode="
+        << (c.baseNode < 0 ? std::string("none") : std::to_string(nodeName(c.baseNode))) << '\n'
         << "baseBars=" << Joined(bars, [&](int k) { return barName(c.baseBars[k]); }) << '\n'
         << "baseBarTypes=" << Joined(bars, [&](int k) { return c.baseBarTypes[k]; }) << '\n';
     for (std::size_t r = 0; r < c.analogousNodes.size(); ++r) {

@@ -36,7 +36,9 @@ std::optional<std::string> RootFromArgument(std::string_view commandLine) {
     return Trim(std::string_view(line).substr(p, end - p));
 }
 
-bool IsSeparator(char c) { return c == '\\' || c == '/'; }
+bool IsSeparator(char c) {
+    return c == '\\' || c == '/';
+}
 
 } // namespace
 

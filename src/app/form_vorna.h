@@ -64,8 +64,8 @@ struct FormVorna {
     Control Operazioni, NodoBase, RimNodoBase, AsteNodoBase, Aggiungi, Rimuovi, RimTutto, Inverti,
         EvidTipo, Interrompi;
     Control Selezioni, Finestra, Colore, Bianco, Blu, Rosso, Verde, Giallo, VerdeScuro, Magenta,
-        Azzurro, Ara, TuttiCol, TipoPunto, TipoPt1, TipoPt2, TipoPt3, TipoPt4, TuttiPt,
-        SchVincolo, Nome, Tutto;
+        Azzurro, Ara, TuttiCol, TipoPunto, TipoPt1, TipoPt2, TipoPt3, TipoPt4, TuttiPt, SchVincolo,
+        Nome, Tutto;
     Control Opzioni, VisCoord, VisAssi, BarraLat, BarraIcone, Trappola, Rappresentazione;
 
     // Icon bar: the bar itself and its buttons by key.

@@ -36,7 +36,9 @@ std::optional<SaveDialogResult> ScriptUi::SaveFile(const SaveDialogRequest &) {
     return choice;
 }
 
-std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) { return std::nullopt; }
+std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) {
+    return std::nullopt;
+}
 
 // With no text queued the dialog is left with Esc.
 std::optional<std::string> ScriptUi::AskPickBoxSize(const std::string &) {
@@ -112,7 +114,8 @@ struct Runner {
         for (int i = 0; i < m.nodeCount; ++i) {
             const Node &n = m.nodes[i];
             if (std::to_string(n.name) == name && IsLive(n) && p.view.nodeShown[i]) {
-                double x = ProjectedXOf(p.view, n.pointIndex), y = ProjectedYOf(p.view, n.pointIndex);
+                double x = ProjectedXOf(p.view, n.pointIndex),
+                       y = ProjectedYOf(p.view, n.pointIndex);
                 Disegno_MouseDown(p, kLeftButton, 0, x, y);
                 Disegno_MouseUp(p, kLeftButton, 0, x, y);
                 return true;
@@ -236,8 +239,8 @@ struct Runner {
 
 } // namespace
 
-int RunScript(const std::filesystem::path &script, std::string_view commandLine,
-              std::ostream &out, ScriptHost &host) {
+int RunScript(const std::filesystem::path &script, std::string_view commandLine, std::ostream &out,
+              ScriptHost &host) {
     auto text = ReadWholeFile(script);
     if (!text) {
         out << "error|cannot read script " << script.string() << '\n';

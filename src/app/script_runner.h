@@ -51,10 +51,9 @@ public:
 
 // Returns the process exit status: the program's own when a command or start-up ended it,
 // 2 when the script could not be read or held a line that failed, 0 otherwise.
-int RunScript(const std::filesystem::path &script, std::string_view commandLine,
-              std::ostream &out, ScriptHost &host);
+int RunScript(const std::filesystem::path &script, std::string_view commandLine, std::ostream &out,
+              ScriptHost &host);
 // The same with surfaces that draw nothing.
-int RunScript(const std::filesystem::path &script, std::string_view commandLine,
-              std::ostream &out);
+int RunScript(const std::filesystem::path &script, std::string_view commandLine, std::ostream &out);
 
 } // namespace vorna

@@ -12,7 +12,9 @@ constexpr double kSideBarWidth = 2900, kIconBarHeight = 400;
 
 } // namespace
 
-void Esci_Click(Program &p) { EndProgram(p, 0); }
+void Esci_Click(Program &p) {
+    EndProgram(p, 0);
+}
 
 void UpdateBaseNodeCommands(Program &p) {
     FormVorna &f = p.form;

@@ -12,7 +12,8 @@ void FillMessageCatalogue(MessageCatalogue &c) {
     c.texts[5] = " Problemi nel salvataggio delle opzioni ";
     c.texts[6] = " Opzioni salvate ";
     c.texts[7] = " Non \xE8 possibile scrivere il file di uscita ";
-    c.texts[18] = " Se la dimensione della trappola \xE8 nulla la selezione diretta non \xE8 possibile ";
+    c.texts[18] =
+        " Se la dimensione della trappola \xE8 nulla la selezione diretta non \xE8 possibile ";
     c.texts[19] = " La stringa di selezione comprende troppi elementi ";
     c.texts[24] = " Questa operazione canceller\xE0 tutti i nodi analoghi selezionati ";
     c.texts[25] = " Numero eccessivo di potenziali aste base ";

@@ -70,10 +70,18 @@ struct StructureModel {
 };
 
 // Live elements are drawn and selected; the others keep their place so indices match the file.
-inline bool IsLive(std::int16_t colour, std::int16_t name) { return colour < 10 && name >= 1; }
-inline bool IsLive(const Node &n) { return IsLive(n.colour, n.name); }
-inline bool IsLive(const Bar &b) { return IsLive(b.colour, b.name); }
-inline bool IsLive(const Shell &s) { return IsLive(s.colour, s.name); }
+inline bool IsLive(std::int16_t colour, std::int16_t name) {
+    return colour < 10 && name >= 1;
+}
+inline bool IsLive(const Node &n) {
+    return IsLive(n.colour, n.name);
+}
+inline bool IsLive(const Bar &b) {
+    return IsLive(b.colour, b.name);
+}
+inline bool IsLive(const Shell &s) {
+    return IsLive(s.colour, s.name);
+}
 
 // A point index that the file gave but that lies outside the point table reads as the origin,
 // so that no part follows it out of bounds.

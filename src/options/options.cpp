@@ -44,8 +44,8 @@ std::string OptionValue::Text() const {
 
 void SetDefaultDisplayOptions(DisplayOptions &options) {
     static constexpr std::array<double, kDisplayOptionCount + 1> kDefaults = {
-        0, 1, 1, 1, 4, -1, 1, 5, 0, 0, -1, 5, 5, 1, 5, 1, 1,
-        1, 1, 1, 1, 1, 1, -1, -1, -1, -1, 65280, 16776960, 65535, 16711680};
+        0, 1, 1, 1, 4, -1, 1, 5,  0,  0,  -1, 5,     5,        1,     5,       1,
+        1, 1, 1, 1, 1, 1,  1, -1, -1, -1, -1, 65280, 16776960, 65535, 16711680};
     for (int k = 1; k <= kDisplayOptionCount; ++k)
         options.values[k] = kDefaults[k] < 0 ? OptionValue{} : OptionValue::Of(kDefaults[k]);
 }

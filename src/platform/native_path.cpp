@@ -11,7 +11,8 @@ namespace vorna {
 namespace {
 
 // The entry of folder whose name equals component apart from letter case, if there is one.
-std::filesystem::path MatchInFolder(const std::filesystem::path &folder, const std::string &component) {
+std::filesystem::path MatchInFolder(const std::filesystem::path &folder,
+                                    const std::string &component) {
     std::error_code ec;
     std::filesystem::path exact = folder / component;
     if (std::filesystem::exists(exact, ec))

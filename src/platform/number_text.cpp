@@ -10,7 +10,9 @@
 namespace vorna {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 std::size_t Digits(std::string_view t, std::size_t i) {
     while (i < t.size() && IsDigit(t[i]))
@@ -80,7 +82,9 @@ std::optional<double> LeadingNumberIfAny(std::string_view text) {
     return ParseSpan(text.substr(span.skipped, span.length));
 }
 
-double LeadingNumber(std::string_view text) { return LeadingNumberIfAny(text).value_or(0.0); }
+double LeadingNumber(std::string_view text) {
+    return LeadingNumberIfAny(text).value_or(0.0);
+}
 
 std::optional<double> StrictNumber(std::string_view text) {
     std::size_t b = 0, e = text.size();
@@ -95,7 +99,9 @@ std::optional<double> StrictNumber(std::string_view text) {
     return ParseSpan(core);
 }
 
-double RoundHalfEven(double value) { return std::nearbyint(value); }
+double RoundHalfEven(double value) {
+    return std::nearbyint(value);
+}
 
 std::optional<std::int16_t> ToInt16(double value) {
     // Most values are whole already: no rounding call for them.
@@ -122,6 +128,8 @@ std::string NumberText(double value) {
     return std::string(buf, res.ptr);
 }
 
-std::string IntText(long long value) { return std::to_string(value); }
+std::string IntText(long long value) {
+    return std::to_string(value);
+}
 
 } // namespace vorna

@@ -14,7 +14,9 @@ constexpr std::array<char32_t, 32> kHigh = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t CodePoint(unsigned char c) { return c >= 0x80 && c < 0xA0 ? kHigh[c - 0x80] : c; }
+char32_t CodePoint(unsigned char c) {
+    return c >= 0x80 && c < 0xA0 ? kHigh[c - 0x80] : c;
+}
 
 void AppendUtf8(std::string &out, char32_t cp) {
     if (cp < 0x80) {
@@ -38,7 +40,9 @@ char ByteOf(char32_t cp) {
     return '?';
 }
 
-bool IsBlank(char c) { return c == ' '; }
+bool IsBlank(char c) {
+    return c == ' ';
+}
 
 } // namespace
 
@@ -61,7 +65,10 @@ std::string Utf8ToCp1252(std::string_view text) {
             ++i;
             continue;
         }
-        char32_t cp = extra == 0 ? c : extra == 1 ? (c & 0x1F) : extra == 2 ? (c & 0x0F) : (c & 0x07);
+        char32_t cp = extra == 0   ? c
+                      : extra == 1 ? (c & 0x1F)
+                      : extra == 2 ? (c & 0x0F)
+                                   : (c & 0x07);
         std::size_t j = i + 1;
         for (int k = 0; k < extra && j < text.size(); ++k, ++j)
             cp = (cp << 6) | (static_cast<unsigned char>(text[j]) & 0x3F);
@@ -85,7 +92,9 @@ std::string TrimRight(std::string_view text) {
     return std::string(text.substr(0, e));
 }
 
-std::string Trim(std::string_view text) { return TrimLeft(TrimRight(text)); }
+std::string Trim(std::string_view text) {
+    return TrimLeft(TrimRight(text));
+}
 
 std::string LowerCase(std::string_view text) {
     std::string out(text);

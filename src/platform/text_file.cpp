@@ -8,8 +8,12 @@
 namespace vorna {
 namespace {
 
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
-bool IsSpace(char c) { return c == ' ' || c == '\t'; }
+bool IsLineEnd(char c) {
+    return c == '\r' || c == '\n';
+}
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t';
+}
 
 void SkipLineEnd(TextCursor &c) {
     if (c.pos < c.text.size() && c.text[c.pos] == '\r')
@@ -101,7 +105,9 @@ void AppendLine(std::string &out, std::string_view line) {
     out += "\r\n";
 }
 
-bool AtEnd(const TextCursor &cursor) { return cursor.pos >= cursor.text.size(); }
+bool AtEnd(const TextCursor &cursor) {
+    return cursor.pos >= cursor.text.size();
+}
 
 bool ReadLine(TextCursor &c, std::string_view &line) {
     if (AtEnd(c))
