@@ -313,10 +313,10 @@ bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
     const std::size_t position = named - state.analogousNodes.begin();
     const TypeBarLists lists = ClassifyAnalogousBars(model, state, method);
     // The first type whose list holds a name, for every 16-bit name.
-    std::vector<std::int8_t> firstType(65536);
+    std::vector<std::uint8_t> firstType(65536);
     for (int t = kMaxBarTypes; t >= 1; --t)
         for (std::int16_t name : lists.names[t])
-            firstType[static_cast<std::uint16_t>(name)] = static_cast<std::int8_t>(t);
+            firstType[static_cast<std::uint16_t>(name)] = static_cast<std::uint8_t>(t);
     const AnalogousNode &record = state.analogousNodes[position];
     disegno.SetLineWidth(selectedWidth);
     for (int m = 0; m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {

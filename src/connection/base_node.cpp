@@ -120,6 +120,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
     schema.label7Enabled = true;
     const int count = state.baseBarCount;
     std::vector<Vec3> directions;
+    directions.reserve(count);
     for (int k = 0; k < count; ++k)
         directions.push_back(BaseBarDirection(model, state, k));
     const std::optional<Frame> frame = SchemaFrame(directions);

@@ -51,7 +51,7 @@ void ProjectStructure(const StructureModel &model, ViewState &view, double angle
         view.projectedX[i] = ProjectX(view, p.x, p.y, p.z);
         view.projectedY[i] = ProjectY(view, p.x, p.y, p.z);
     }
-    for (int k = 0; k < 3; ++k) {
+    for (std::size_t k = 0; k < 3; ++k) {
         std::array<double, 3> unit{};
         unit[k] = 1;
         view.axisImage[2 * k] = ProjectX(view, unit[0], unit[1], unit[2]);

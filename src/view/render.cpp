@@ -121,7 +121,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
 
     // Move the origin so that no axis, letter included, leaves the corner.
     double shiftX = 0, shiftY = 0;
-    for (int k = 0; k < 3; ++k) {
+    for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
         const double len = std::hypot(ax, ay);
         if (len < 0.0001)
@@ -134,7 +134,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
     oy -= shiftY;
 
     static constexpr std::array<const char *, 3> kNames = {"X", "Y", "Z"};
-    for (int k = 0; k < 3; ++k) {
+    for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
         const double len = std::hypot(ax, ay);
         p.Line(ox, oy, ox + axisLength * ax, oy + axisLength * ay, colour, ColourOfCode(colour));

@@ -91,7 +91,7 @@ void DrawText(const StrokeFont &font, std::string_view text, double x, double y,
         const int points = std::min<int>(font.glyphPointCount[code], kGlyphPoints);
         for (int j = 0; j + 1 < points; j += 2) {
             double ends[4];
-            for (int e = 0; e < 2; ++e) {
+            for (std::size_t e = 0; e < 2; ++e) {
                 const double u = font.glyphX[code][j + e] * sx;
                 const double v = (font.glyphY[code][j + e] - kBaseline) * sy;
                 ends[2 * e] = ox + u * cosA - v * sinA;
