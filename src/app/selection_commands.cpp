@@ -53,30 +53,28 @@ void ShowSelection(Program &p, bool baseBarsExamined, bool sidePanel) {
         UpdateBaseNodeCommands(p);
 }
 
-void ShowTooManyValues(Program &p) {
-    p.ui.MessageBox(p.messages[19], "ERRORE", MsgIcon::Exclamation, MsgButtons::Ok);
+// The values of a selection string, or nothing after telling the user it holds too many.
+std::optional<std::vector<int>> ParseOrWarn(Program &p, std::string_view text, int capacity) {
+    auto values = ParseSelectionString(text, capacity);
+    if (!values)
+        p.ui.MessageBox(p.messages[19], "ERRORE", MsgIcon::Exclamation, MsgButtons::Ok);
+    return values;
 }
 
 // Also what a pick in adding, removing or removing base bars runs, with the picked name.
 void SelectByNameString(Program &p, std::string_view text) {
-    auto names = ParseSelectionString(text, kNameSelectionCapacity);
-    if (!names) {
-        ShowTooManyValues(p);
-        return;
+    if (auto names = ParseOrWarn(p, text, kNameSelectionCapacity)) {
+        SelectionContext c = ContextOf(p);
+        ShowSelection(p, SelectByNames(c, *names), true);
     }
-    SelectionContext c = ContextOf(p);
-    ShowSelection(p, SelectByNames(c, *names), true);
 }
 
 void SelectByConstraintString(Program &p, std::string_view text) {
-    auto cards = ParseSelectionString(text, kCardSelectionCapacity);
-    if (!cards) {
-        ShowTooManyValues(p);
-        return;
+    if (auto cards = ParseOrWarn(p, text, kCardSelectionCapacity)) {
+        SelectionContext c = ContextOf(p);
+        SelectByConstraintCards(c, *cards);
+        ShowSelection(p, false, false);
     }
-    SelectionContext c = ContextOf(p);
-    SelectByConstraintCards(c, *cards);
-    ShowSelection(p, false, false);
 }
 
 void WindowCommand(Program &p, double left, double top, double width, double height) {

@@ -75,6 +75,13 @@ struct Typing {
                 return k;
         return std::nullopt;
     }
+    // The first untyped bar running vertically down from the node gets type 1.
+    std::optional<int> GiveColumnBelow() {
+        auto column = FirstUntyped([&](int k) { return VerticalDownward(d[k]); });
+        if (column)
+            Give(*column, 1);
+        return column;
+    }
     std::optional<int> FirstUntyped(auto &&wanted) const {
         for (int k = 0; k < Count(); ++k)
             if (!typed[k] && wanted(k))
@@ -104,10 +111,9 @@ void ThroughBeam(Typing &t) {
 
 // Codes 2, 10 and 11: the column below 1, the first bar at a right angle to it 2.
 void ColumnBelow(Typing &t) {
-    auto column = t.FirstUntyped([&](int k) { return VerticalDownward(t.d[k]); });
+    auto column = t.GiveColumnBelow();
     if (!column)
         return;
-    t.Give(*column, 1);
     if (auto k = t.FirstPerpendicular(*column, *column, *column))
         t.Give(*k, 2);
 }
@@ -149,10 +155,8 @@ void BracedChord(Typing &t) {
 // the column is one of them: the column is then looked for among the other bars only, and a
 // bar left without a role keeps 1.
 void ColumnAndLowest(Typing &t) {
-    auto column = t.FirstUntyped([&](int k) { return VerticalDownward(t.d[k]); });
-    if (!column)
+    if (!t.GiveColumnBelow())
         return;
-    t.Give(*column, 1);
     std::optional<int> lowest;
     for (int k = 0; k < t.Count(); ++k)
         if (!t.typed[k] && (!lowest || t.d[k][2] < t.d[*lowest][2]))
