@@ -75,6 +75,17 @@ struct Typing {
                 return k;
         return std::nullopt;
     }
+    // Codes 5, 6 and 12: with three bars or more, the first collinear pair gets 4 and 4.
+    std::optional<std::pair<int, int>> GiveChordPair() {
+        if (Count() < 3)
+            return std::nullopt;
+        auto pair = FirstCollinearPair();
+        if (pair) {
+            Give(pair->first, 4);
+            Give(pair->second, 4);
+        }
+        return pair;
+    }
     // The first untyped bar running vertically down from the node gets type 1.
     std::optional<int> GiveColumnBelow() {
         auto column = FirstUntyped([&](int k) { return VerticalDownward(d[k]); });
@@ -123,13 +134,9 @@ void ColumnBelow(Typing &t) {
 // acute angles with both do not exceed the angle between them. When the bar nearest the
 // vertical is too far from it to take 2 it is still the reference, and may itself take 3.
 void BracedChord(Typing &t) {
-    if (t.Count() < 3)
-        return;
-    auto pair = t.FirstCollinearPair();
+    auto pair = t.GiveChordPair();
     if (!pair)
         return;
-    t.Give(pair->first, 4);
-    t.Give(pair->second, 4);
     int nearest = -1;
     double nearestAngle = 0;
     for (int k = 0; k < t.Count(); ++k) {
@@ -170,13 +177,8 @@ void ColumnAndLowest(Typing &t) {
 }
 
 void ContinuousMember(Typing &t) {
-    if (t.Count() < 3)
+    if (!t.GiveChordPair())
         return;
-    auto pair = t.FirstCollinearPair();
-    if (!pair)
-        return;
-    t.Give(pair->first, 4);
-    t.Give(pair->second, 4);
     if (t.Count() == 3)
         ColumnAndLowest(t);
 }
