@@ -32,19 +32,19 @@ public:
         image_.fill(Qt::black);
     }
     void SetLineWidth(int pixels) override { width_ = pixels; }
-    void Line(double x1, double y1, double x2, double y2, Rgb colour) override {
+    void Line(double x1, double y1, double x2, double y2, const vorna::Pen &pen) override {
         ++primitives;
-        Pen(colour).drawLine(QLineF(ToPixel(x1, y1), ToPixel(x2, y2)));
+        Pen(pen.rgb).drawLine(QLineF(ToPixel(x1, y1), ToPixel(x2, y2)));
     }
-    void Arc(double x, double y, double radius, Rgb colour, double, double) override {
+    void Arc(double x, double y, double radius, const vorna::Pen &pen, double, double) override {
         ++primitives;
-        Pen(colour);
+        Pen(pen.rgb);
         double r = std::abs(radius / scale_.width * kSurface.width());
         painter_.drawEllipse(ToPixel(x, y), r, r);
     }
     void FilledCircle(double x, double y, double radius, Rgb colour) override {
         Painter().setBrush(vorna::qt::ColourOf(colour));
-        Arc(x, y, radius, colour, 0, 0); // counted there
+        Arc(x, y, radius, vorna::Pen{colour}, 0, 0); // counted there
         painter_.setBrush(Qt::NoBrush);
     }
     void SetScale(const ScaleRect &scale) override { scale_ = scale; }

@@ -20,8 +20,8 @@ struct CountingCanvas : Canvas {
     ScaleRect scale{0, 100, 100, -100};
     void Clear() override { ++calls; }
     void SetLineWidth(int) override { ++calls; }
-    void Line(double, double, double, double, Rgb) override { ++calls; }
-    void Arc(double, double, double, Rgb, double, double) override { ++calls; }
+    void Line(double, double, double, double, const Pen &) override { ++calls; }
+    void Arc(double, double, double, const Pen &, double, double) override { ++calls; }
     void FilledCircle(double, double, double, Rgb) override { ++calls; }
     void SetScale(const ScaleRect &s) override { scale = s; }
     ScaleRect Scale() const override { return scale; }

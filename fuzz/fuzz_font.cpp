@@ -2,7 +2,6 @@
 #include "view/stroke_font.h"
 
 #include "platform/plain_canvas.h"
-#include "platform/silent_ui.h"
 
 #include <memory>
 #include <string>
@@ -18,8 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         all += static_cast<char>(c);
     vorna::PlainCanvas surface(1500, 1500);
     vorna::DrawBuffers buffers;
-    vorna::SilentUi ui;
-    vorna::DrawText(*font, all, 0, 0, 30, 5, 5, 1, vorna::DrawTarget{&surface, &buffers, &ui});
-    vorna::DrawText(*font, all, 0, 0, 90, 5, 5, 0, vorna::DrawTarget{nullptr, &buffers, &ui});
+    vorna::BufferCanvas strokes(surface, buffers, false);
+    vorna::DrawText(*font, all, 0, 0, 30, 5, 5, 1, surface);
+    vorna::DrawText(*font, all, 0, 0, 90, 5, 5, 0, strokes);
     return 0;
 }

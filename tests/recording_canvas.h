@@ -27,11 +27,11 @@ public:
         c.width = pixels;
         calls.push_back(c);
     }
-    void Line(double x1, double y1, double x2, double y2, Rgb colour) override {
-        calls.push_back({CanvasCall::Line, x1, y1, x2, y2, 0, colour});
+    void Line(double x1, double y1, double x2, double y2, const Pen &pen) override {
+        calls.push_back({CanvasCall::Line, x1, y1, x2, y2, 0, pen.rgb});
     }
-    void Arc(double x, double y, double radius, Rgb colour, double, double) override {
-        calls.push_back({CanvasCall::Arc, x, y, 0, 0, radius, colour});
+    void Arc(double x, double y, double radius, const Pen &pen, double, double) override {
+        calls.push_back({CanvasCall::Arc, x, y, 0, 0, radius, pen.rgb});
     }
     void FilledCircle(double x, double y, double radius, Rgb colour) override {
         calls.push_back({CanvasCall::FilledCircle, x, y, 0, 0, radius, colour});

@@ -333,7 +333,7 @@ bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
         if (const int t = firstType[static_cast<std::uint16_t>(b.name)])
             disegno.Line(ProjectedXOf(view, b.pointI), ProjectedYOf(view, b.pointI),
                          ProjectedXOf(view, b.pointJ), ProjectedYOf(view, b.pointJ),
-                         BarTypeColour(t));
+                         Pen{BarTypeColour(t)});
     }
     disegno.SetLineWidth(normalWidth);
     disegno.Refresh();

@@ -157,7 +157,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         if (!drawn[k] || planar <= kTolerance)
             continue;
         const double x = inPlane[k][0] / planar * length, y = inPlane[k][1] / planar * length;
-        picture1.Line(0, 0, x, y, BarTypeColour(state.baseBarTypes[k]));
+        picture1.Line(0, 0, x, y, Pen{BarTypeColour(state.baseBarTypes[k])});
         if (k < kTypeLabels) {
             TypeLabel &label = schema.labels[k + 1];
             label.visible = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace vorna {
 
@@ -11,6 +12,13 @@ using Rgb = std::uint32_t;
 constexpr Rgb PackRgb(int red, int green, int blue) {
     return static_cast<Rgb>(red) | (static_cast<Rgb>(green) << 8) | (static_cast<Rgb>(blue) << 16);
 }
+
+// How an element is drawn: the screen paints its RGB (a highlight colour, or the colour of its
+// code), a drawing file keeps the element's own colour code.
+struct Pen {
+    Rgb rgb = 0;
+    int code = 0;
+};
 
 // The user scale: drawing-unit coordinates of the top-left corner and the signed extent
 // (height negative when y grows upwards).
@@ -26,10 +34,10 @@ public:
     virtual ~Canvas() = default;
     virtual void Clear() = 0;
     virtual void SetLineWidth(int pixels) = 0;
-    virtual void Line(double x1, double y1, double x2, double y2, Rgb colour) = 0;
+    virtual void Line(double x1, double y1, double x2, double y2, const Pen &pen) = 0;
     // A circle outline, or the arc between two angles (radians, counter-clockwise) when they
     // differ.
-    virtual void Arc(double x, double y, double radius, Rgb colour, double startAngle,
+    virtual void Arc(double x, double y, double radius, const Pen &pen, double startAngle,
                      double endAngle) = 0;
     virtual void FilledCircle(double x, double y, double radius, Rgb colour) = 0;
     virtual void SetScale(const ScaleRect &scale) = 0;
@@ -41,6 +49,12 @@ public:
     virtual double TwipsPerPixelY() const = 0;
     // The drawing is complete: show it.
     virtual void Refresh() = 0;
+    // A drawing file keeps a text whole (true); a screen wants its strokes instead (false).
+    // Sizes in drawing units, the angle in whole degrees, the colour a colour code.
+    virtual bool KeepText(std::string_view /*text*/, double /*x*/, double /*y*/, int /*angle*/,
+                          double /*charWidth*/, double /*charHeight*/, int /*colour*/) {
+        return false;
+    }
 };
 
 } // namespace vorna

@@ -10,8 +10,8 @@ public:
     PlainCanvas(double widthTwips, double heightTwips) : width_(widthTwips), height_(heightTwips) {}
     void Clear() override {}
     void SetLineWidth(int) override {}
-    void Line(double, double, double, double, Rgb) override {}
-    void Arc(double, double, double, Rgb, double, double) override {}
+    void Line(double, double, double, double, const Pen &) override {}
+    void Arc(double, double, double, const Pen &, double, double) override {}
     void FilledCircle(double, double, double, Rgb) override {}
     void SetScale(const ScaleRect &scale) override { scale_ = scale; }
     ScaleRect Scale() const override { return scale_; }

@@ -54,7 +54,8 @@ struct DrawBuffers {
     std::vector<LineElement> lines;
     std::vector<ArcElement> arcs;
     std::vector<TextElement> texts;
-    bool gendis = false; // drawMode "gendis": texts are stored whole instead of as strokes
+    // The messages about full buffers, in the order they arose, for the command to show.
+    std::vector<std::string> warnings;
 };
 
 } // namespace vorna

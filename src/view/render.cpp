@@ -73,45 +73,26 @@ private:
     int next_ = 0;
 };
 
-// Draws on the surface with highlights (screen), or through the primitives into the buffers
-// in colour codes (export). Line width changes reach the surface only when the width changes.
+// The canvas with the line width set only when it changes.
 class Painter {
 public:
-    Painter(const Canvas &metrics, DrawTarget target)
-        : metrics_(metrics), target_(target), screen_(target.surface != nullptr) {}
+    explicit Painter(Canvas &canvas) : canvas_(canvas) {}
 
-    bool Screen() const { return screen_; }
-    const Canvas &Metrics() const { return metrics_; }
-    const DrawTarget &Target() const { return target_; }
-
+    Canvas &Target() { return canvas_; }
     void Width(int pixels) {
-        if (screen_ && pixels != width_) {
-            target_.surface->SetLineWidth(pixels);
+        if (pixels != width_) {
+            canvas_.SetLineWidth(pixels);
             width_ = pixels;
         }
     }
-    void Line(double x1, double y1, double x2, double y2, int code, Rgb rgb) {
-        if (screen_)
-            target_.surface->Line(x1, y1, x2, y2, rgb);
-        else
-            DrawLine(target_, x1, y1, x2, y2, code);
-    }
-    void Circle(double x, double y, double radius, int code, Rgb rgb) {
-        if (screen_)
-            target_.surface->Arc(x, y, radius, rgb, 0, 0);
-        else
-            DrawArc(target_, x, y, 2 * radius, code);
-    }
 
 private:
-    const Canvas &metrics_;
-    DrawTarget target_;
-    bool screen_;
+    Canvas &canvas_;
     int width_ = -1;
 };
 
 void DrawAxisTriad(const DrawInput &in, Painter &p) {
-    const Canvas &m = p.Metrics();
+    const Canvas &m = p.Target();
     const double axisLength = PixelsToUnits(m, in.internal(opt::kAxisLength));
     const double letter = PixelsToUnits(m, in.internal(opt::kAxisLetterSize));
     const double margin = PixelsToUnits(m, in.internal(opt::kAxisMargin));
@@ -137,7 +118,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
     for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
         const double len = std::hypot(ax, ay);
-        p.Line(ox, oy, ox + axisLength * ax, oy + axisLength * ay, colour, ColourOfCode(colour));
+        DrawLine(p.Target(), ox, oy, ox + axisLength * ax, oy + axisLength * ay, PenOfCode(colour));
         // The letter's box is centred on its point, just beyond the tip.
         double cx = ox, cy = oy + 1.1 * kSqrt2 * letter;
         if (len >= 0.0001) {
@@ -162,12 +143,12 @@ void DrawShells(const DrawInput &in, Painter &p) {
         if (hideThin && !(ThicknessOf(model, s.thicknessCard) > minThickness))
             continue;
         p.Width(width);
-        const Rgb rgb = ColourOfCode(s.colour);
+        const Pen pen = PenOfCode(s.colour);
         const int corners = s.vertices[3] < 0 ? 3 : 4;
         for (int k = 0; k < corners; ++k) {
             const int a = s.vertices[k], b = s.vertices[(k + 1) % corners];
-            p.Line(ProjectedXOf(in.view, a), ProjectedYOf(in.view, a), ProjectedXOf(in.view, b),
-                   ProjectedYOf(in.view, b), s.colour, rgb);
+            DrawLine(p.Target(), ProjectedXOf(in.view, a), ProjectedYOf(in.view, a),
+                     ProjectedXOf(in.view, b), ProjectedYOf(in.view, b), pen);
         }
     }
 }
@@ -183,25 +164,25 @@ void DrawBars(const DrawInput &in, Painter &p) {
         const Bar &b = model.bars[i];
         if (!IsLive(b) || !in.view.barShown[i])
             continue;
-        Rgb rgb;
-        if (baseBars.Holds(i) && p.Screen()) {
+        // A highlight changes what the screen shows; the element keeps its own colour code.
+        Pen pen = PenOfCode(b.colour);
+        if (baseBars.Holds(i)) {
             p.Width(selected);
-            rgb = baseColour;
-        } else if (BarListed(in.connection, i) && p.Screen()) {
+            pen.rgb = baseColour;
+        } else if (BarListed(in.connection, i)) {
             p.Width(selected);
-            rgb = analogousColour;
+            pen.rgb = analogousColour;
         } else {
             p.Width(normal);
-            rgb = ColourOfCode(b.colour);
         }
-        p.Line(ProjectedXOf(in.view, b.pointI), ProjectedYOf(in.view, b.pointI),
-               ProjectedXOf(in.view, b.pointJ), ProjectedYOf(in.view, b.pointJ), b.colour, rgb);
+        DrawLine(p.Target(), ProjectedXOf(in.view, b.pointI), ProjectedYOf(in.view, b.pointI),
+                 ProjectedXOf(in.view, b.pointJ), ProjectedYOf(in.view, b.pointJ), pen);
     }
 }
 
 void DrawNodes(const DrawInput &in, Painter &p) {
     const StructureModel &model = in.model;
-    const double radius = PixelsToUnits(p.Metrics(), in.display(opt::kNodeRadius));
+    const double radius = PixelsToUnits(p.Target(), in.display(opt::kNodeRadius));
     const int normal = PixelWidth(in.display(opt::kWidthNormal));
     const int selected = PixelWidth(in.display(opt::kWidthSelected));
     const Rgb baseColour = OptionColour(in.display(opt::kBaseNodeColour));
@@ -211,22 +192,21 @@ void DrawNodes(const DrawInput &in, Painter &p) {
         const Node &n = model.nodes[i];
         if (!IsLive(n) || !in.view.nodeShown[i])
             continue;
-        const Rgb own = ColourOfCode(n.colour);
-        Rgb rgb;
-        if (!p.Screen()) {
-            rgb = own;
-        } else if (i == in.connection.baseNode) {
+        Pen pen = PenOfCode(n.colour);
+        if (i == in.connection.baseNode) {
             p.Width(selected);
-            rgb = baseColour;
+            pen.rgb = baseColour;
         } else if (!NodeListed(in.connection, i)) {
             p.Width(normal);
-            rgb = analogousHighlighted ? own : highlight;
+            if (!analogousHighlighted)
+                pen.rgb = highlight;
         } else {
             p.Width(selected);
-            rgb = analogousHighlighted ? highlight : own;
+            if (analogousHighlighted)
+                pen.rgb = highlight;
         }
-        p.Circle(ProjectedXOf(in.view, n.pointIndex), ProjectedYOf(in.view, n.pointIndex), radius,
-                 n.colour, rgb);
+        DrawArc(p.Target(), ProjectedXOf(in.view, n.pointIndex),
+                ProjectedYOf(in.view, n.pointIndex), 2 * radius, pen);
     }
 }
 
@@ -318,10 +298,8 @@ void Traverse(const DrawInput &in, Painter &p) {
     DrawShells(in, p);
     DrawBars(in, p);
     DrawNodes(in, p);
-    if (p.Screen()) {
-        p.Target().surface->Refresh();
-        p.Width(1);
-    }
+    p.Target().Refresh();
+    p.Width(1);
     const LabelStyle style{in.display(opt::kTextWidth), in.display(opt::kTextHeight),
                            in.display(opt::kTextDistance),
                            OptionCode(in.display(opt::kTextColour))};
@@ -335,12 +313,13 @@ void Traverse(const DrawInput &in, Painter &p) {
 
 void DrawStructure(const DrawInput &in, Canvas &surface) {
     surface.Clear();
-    Painter painter(surface, DrawTarget{&surface, nullptr, nullptr});
+    Painter painter(surface);
     Traverse(in, painter);
 }
 
-void DrawStructure(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers, Ui &ui) {
-    Painter painter(surface, DrawTarget{nullptr, &buffers, &ui});
+void ExportDrawing(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers) {
+    BufferCanvas canvas(surface, buffers, true);
+    Painter painter(canvas);
     Traverse(in, painter);
 }
 

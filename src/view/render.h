@@ -7,7 +7,6 @@
 #include "model/structure_model.h"
 #include "options/options.h"
 #include "platform/canvas.h"
-#include "platform/ui.h"
 #include "view/draw_buffers.h"
 #include "view/view_state.h"
 
@@ -26,9 +25,9 @@ struct DrawInput {
 // Clears the surface and paints the view on it, highlights and line widths included.
 void DrawStructure(const DrawInput &in, Canvas &surface);
 
-// The export pass: the same traversal into the buffers, every element in its own colour code
-// and without line widths. The surface is only measured: its scale places the triad and turns
-// pixel sizes into drawing units. Texts are stored whole when buffers.gendis is set.
-void DrawStructure(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers, Ui &ui);
+// The export pass: the same traversal into the drawing buffers in drawing mode "gendis", every
+// element in its own colour code, texts kept whole. The surface is only measured: its scale
+// places the triad and turns pixel sizes into drawing units.
+void ExportDrawing(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers);
 
 } // namespace vorna

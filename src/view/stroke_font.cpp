@@ -71,15 +71,12 @@ void LoadStrokeFont(std::string_view programsFolder, StrokeFont &font, Ui &ui) {
 }
 
 void DrawText(const StrokeFont &font, std::string_view text, double x, double y, int angle,
-              double charWidth, double charHeight, int colour, const DrawTarget &target) {
+              double charWidth, double charHeight, int colour, Canvas &canvas) {
     if (charWidth == 0 || charHeight == 0)
         return;
-    if (!target.surface && target.buffers && target.buffers->gendis) {
-        if (target.ui)
-            AddTextElement(*target.buffers, *target.ui, text, x, y, angle, charWidth, charHeight,
-                           colour);
+    if (canvas.KeepText(text, x, y, angle, charWidth, charHeight, colour))
         return;
-    }
+    const Pen pen = PenOfCode(colour);
     const double a = angle * (4 * std::atan(1.0)) / 180;
     const double cosA = std::cos(a), sinA = std::sin(a);
     const double sx = charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
@@ -97,7 +94,7 @@ void DrawText(const StrokeFont &font, std::string_view text, double x, double y,
                 ends[2 * e] = ox + u * cosA - v * sinA;
                 ends[2 * e + 1] = oy + u * sinA + v * cosA;
             }
-            DrawLine(target, ends[0], ends[1], ends[2], ends[3], colour);
+            DrawLine(canvas, ends[0], ends[1], ends[2], ends[3], pen);
         }
     }
 }

@@ -31,16 +31,16 @@ protected:
 
 TEST(RunCanvas, OnePenMakesOneRunAndDrawingOrderIsKept) {
     RecordingRunCanvas c;
-    c.Line(0, 10, 1, 9, kRed);
-    c.Line(1, 9, 2, 8, kRed);
+    c.Line(0, 10, 1, 9, Pen{kRed});
+    c.Line(1, 9, 2, 8, Pen{kRed});
     c.SetLineWidth(4);
-    c.Line(2, 8, 3, 7, kRed);
-    c.Line(3, 7, 4, 6, kBlue);
-    c.Arc(5, 5, 1, kBlue, 0, 0);
-    c.Arc(6, 5, 1, kBlue, 0, 0);
-    c.Arc(7, 5, 2, kBlue, 0, 0);
+    c.Line(2, 8, 3, 7, Pen{kRed});
+    c.Line(3, 7, 4, 6, Pen{kBlue});
+    c.Arc(5, 5, 1, Pen{kBlue}, 0, 0);
+    c.Arc(6, 5, 1, Pen{kBlue}, 0, 0);
+    c.Arc(7, 5, 2, Pen{kBlue}, 0, 0);
     c.FilledCircle(8, 5, 1, kBlue);
-    c.Line(4, 6, 5, 5, kBlue);
+    c.Line(4, 6, 5, 5, Pen{kBlue});
     EXPECT_EQ(c.runs.size(), 6u) << "the last run waits for a pen change or a refresh";
     c.Refresh();
     EXPECT_EQ(c.shown, 1);
@@ -65,18 +65,18 @@ TEST(RunCanvas, WhatCannotBeSeenIsDroppedOrClipped) {
     const double inf = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
     RecordingRunCanvas c;
-    c.Line(100, 5, 200, 5, kRed);  // right of the surface
-    c.Line(nan, 5, 1, 5, kRed);    // not a number
-    c.Line(0, 5, inf, 5, kRed);    // no end
-    c.Arc(-50, 5, 1, kRed, 0, 0);  // far left
-    c.Arc(1, 5, nan, kRed, 0, 0);  // no radius
-    c.Arc(1, 5, 1e12, kRed, 0, 0); // larger than any screen
+    c.Line(100, 5, 200, 5, Pen{kRed});  // right of the surface
+    c.Line(nan, 5, 1, 5, Pen{kRed});    // not a number
+    c.Line(0, 5, inf, 5, Pen{kRed});    // no end
+    c.Arc(-50, 5, 1, Pen{kRed}, 0, 0);  // far left
+    c.Arc(1, 5, nan, Pen{kRed}, 0, 0);  // no radius
+    c.Arc(1, 5, 1e12, Pen{kRed}, 0, 0); // larger than any screen
     c.FilledCircle(inf, 5, 1, kRed);
     c.Refresh();
     EXPECT_TRUE(c.runs.empty());
 
-    c.Line(10, 5, 1e9, 5, kRed);   // leaves the surface: cut at the margin
-    c.Arc(-0.5, 5, 1, kRed, 0, 0); // centre outside, outline inside
+    c.Line(10, 5, 1e9, 5, Pen{kRed});   // leaves the surface: cut at the margin
+    c.Arc(-0.5, 5, 1, Pen{kRed}, 0, 0); // centre outside, outline inside
     c.Refresh();
     ASSERT_EQ(c.runs.size(), 2u);
     EXPECT_EQ(c.runs[0].lines[0], QLineF(100, 50, 203, 50));
@@ -84,15 +84,15 @@ TEST(RunCanvas, WhatCannotBeSeenIsDroppedOrClipped) {
 
     c.runs.clear();
     c.SetScale({0, 0, 0, 0}); // a surface without a scale draws nothing
-    c.Line(0, 0, 1, 1, kRed);
-    c.Arc(0, 0, 1, kRed, 0, 0);
+    c.Line(0, 0, 1, 1, Pen{kRed});
+    c.Arc(0, 0, 1, Pen{kRed}, 0, 0);
     c.Refresh();
     EXPECT_TRUE(c.runs.empty());
 }
 
 TEST(RunCanvas, ClearForgetsWhatWasNotPaintedYet) {
     RecordingRunCanvas c;
-    c.Line(0, 0, 1, 1, kRed);
+    c.Line(0, 0, 1, 1, Pen{kRed});
     c.Clear();
     c.Refresh();
     EXPECT_EQ(c.erased, 1);
@@ -102,8 +102,8 @@ TEST(RunCanvas, ClearForgetsWhatWasNotPaintedYet) {
 TEST(RunCanvas, ArcsRunCounterClockwiseFromStartToEnd) {
     RecordingRunCanvas c;
     const double pi = std::numbers::pi;
-    c.Arc(10, 5, 1, kRed, 0, pi / 2);
-    c.Arc(10, 5, 1, kRed, 3 * pi / 2, pi / 2); // across zero
+    c.Arc(10, 5, 1, Pen{kRed}, 0, pi / 2);
+    c.Arc(10, 5, 1, Pen{kRed}, 3 * pi / 2, pi / 2); // across zero
     c.Refresh();
     ASSERT_EQ(c.runs.size(), 1u);
     ASSERT_EQ(c.runs[0].arcs.size(), 2u);
@@ -131,7 +131,7 @@ TEST(QtCanvas, ShowsOnlyWhatChangedAndKeepsItsPictureOnResizing) {
     c.SetScale({0, 3, 4, -3});
     c.Image();
     EXPECT_FALSE(c.NeedsShowing());
-    c.Line(0, 0, 4, 3, 0xFFFFFF);
+    c.Line(0, 0, 4, 3, Pen{0xFFFFFF});
     EXPECT_TRUE(c.NeedsShowing()) << "a pending run must reach the screen too";
     c.Image();
     EXPECT_FALSE(c.NeedsShowing());

@@ -117,11 +117,11 @@ PaintRun &RunCanvas::RunFor(PaintRun::Kind kind, Rgb colour, double radius) {
     return run_;
 }
 
-void RunCanvas::Line(double x1, double y1, double x2, double y2, Rgb colour) {
+void RunCanvas::Line(double x1, double y1, double x2, double y2, const Pen &pen) {
     QLineF segment(ToPixel(x1, y1), ToPixel(x2, y2));
     const double margin = lineWidth_ + 2;
     if (ClipSegment(segment, -margin, -margin, pixels_.width() + margin, pixels_.height() + margin))
-        RunFor(PaintRun::Kind::Lines, colour, 0).lines.push_back(segment);
+        RunFor(PaintRun::Kind::Lines, pen.rgb, 0).lines.push_back(segment);
 }
 
 void RunCanvas::Round(PaintRun::Kind kind, double x, double y, double radius, Rgb colour) {
@@ -135,10 +135,10 @@ void RunCanvas::Round(PaintRun::Kind kind, double x, double y, double radius, Rg
     RunFor(kind, colour, r).centres.push_back(centre);
 }
 
-void RunCanvas::Arc(double x, double y, double radius, Rgb colour, double startAngle,
+void RunCanvas::Arc(double x, double y, double radius, const Pen &pen, double startAngle,
                     double endAngle) {
     if (startAngle == endAngle) {
-        Round(PaintRun::Kind::Circles, x, y, radius, colour);
+        Round(PaintRun::Kind::Circles, x, y, radius, pen.rgb);
         return;
     }
     const QPointF centre = ToPixel(x, y);
@@ -152,7 +152,7 @@ void RunCanvas::Arc(double x, double y, double radius, Rgb colour, double startA
     if (span <= 0)
         span += 5760.0;
     start = std::fmod(start, 5760.0);
-    RunFor(PaintRun::Kind::Arcs, colour, 0)
+    RunFor(PaintRun::Kind::Arcs, pen.rgb, 0)
         .arcs.push_back(
             {centre, r, static_cast<int>(std::lround(start)), static_cast<int>(std::lround(span))});
 }

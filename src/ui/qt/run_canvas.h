@@ -43,8 +43,8 @@ public:
 
     void Clear() override;
     void SetLineWidth(int pixels) override;
-    void Line(double x1, double y1, double x2, double y2, Rgb colour) override;
-    void Arc(double x, double y, double radius, Rgb colour, double startAngle,
+    void Line(double x1, double y1, double x2, double y2, const Pen &pen) override;
+    void Arc(double x, double y, double radius, const Pen &pen, double startAngle,
              double endAngle) override;
     void FilledCircle(double x, double y, double radius, Rgb colour) override;
     void SetScale(const ScaleRect &scale) override { scale_ = scale; }
