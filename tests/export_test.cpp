@@ -1,15 +1,63 @@
-// Tests of the drawing export: the printed numbers of its files.
+// Tests of the drawing export: the printed numbers, and the clean-up against
+// its plain quadratic reference.
+#include "clean_drawing_reference.h"
+#include "export/clean_drawing.h"
 #include "platform/number_text.h"
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <limits>
+#include <random>
+#include <sstream>
 
 namespace vorna {
 namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+// Buffers built by hand: Point returns the index the elements refer to.
+struct Drawing {
+  DrawBuffers b;
+  std::int32_t Point(double x, double y) {
+    b.coordX.push_back(x);
+    b.coordY.push_back(y);
+    return static_cast<std::int32_t>(b.coordX.size()) - 1;
+  }
+  void Line(std::int32_t start, std::int32_t end, std::int16_t colour,
+            std::int16_t type = 0) {
+    b.lines.push_back({start, end, type, colour});
+  }
+  void Arc(std::int32_t centre, std::int32_t start, std::int32_t end,
+           std::int16_t colour, std::int16_t kind = 0) {
+    b.arcs.push_back({centre, start, centre, end, kind, colour});
+  }
+  void Text(std::int32_t point, std::int16_t width, std::int16_t height,
+            std::int16_t angle, std::int16_t colour, std::string text) {
+    b.texts.push_back({point, width, height, angle, colour, std::move(text)});
+  }
+};
+
+// Every field, coordinates by their bits so that NaN and -0 compare too.
+std::string Dump(const DrawBuffers &b) {
+  std::ostringstream s;
+  for (std::size_t i = 0; i < b.coordX.size(); ++i)
+    s << std::bit_cast<std::uint64_t>(b.coordX[i]) << ','
+      << std::bit_cast<std::uint64_t>(b.coordY[i]) << ' ';
+  s << "\nlines ";
+  for (const LineElement &l : b.lines)
+    s << l.start << ',' << l.end << ',' << l.type << ',' << l.colour << ' ';
+  s << "\narcs ";
+  for (const ArcElement &a : b.arcs)
+    s << a.centre << ',' << a.start << ',' << a.centre2 << ',' << a.end << ','
+      << a.kind << ',' << a.colour << ' ';
+  s << "\ntexts ";
+  for (const TextElement &t : b.texts)
+    s << t.point << ',' << t.width << ',' << t.height << ',' << t.angle << ','
+      << t.colour << ',' << t.text << ' ';
+  return s.str();
+}
 
 TEST(PrintedNumber, ShortestDigitsSignBlankAndExponent) {
   std::string all;
@@ -20,6 +68,84 @@ TEST(PrintedNumber, ShortestDigitsSignBlankAndExponent) {
   EXPECT_EQ(
       all, " 0| 0| .5|-.25| .30000000000000004| 1E+16| 1.5E-05|-2.5E+20| 1E+15|"
            " 999999999999999| .0001|-9.999E-05| 5E-324| 0| 0|");
+}
+
+TEST(CleanDrawing, ChainsAndStyledLinesByHand) {
+  Drawing d;
+  const auto a = d.Point(0, 0), b = d.Point(0.00006, 0),
+             c = d.Point(0.00012, 0);
+  const auto far = d.Point(10, 0), p = d.Point(20, 0), q = d.Point(30, 0);
+  d.Line(a, far, 1);
+  d.Line(b, far, 2, 1); // on the first line: goes
+  d.Line(p, q, 2, 1);   // on the next one, which is still there: goes
+  d.Line(p, q, 2, 1);   // the copy it lay on is gone: stays
+  d.Line(c, far, 0, 1); // colour 0 never goes
+  CleanDrawing(d.b);
+
+  // b merged into a; c is too far from a, and b is gone, so c stays.
+  Drawing e;
+  for (double x : {0.0, 0.00012, 10.0, 20.0, 30.0})
+    e.Point(x, 0);
+  e.Line(0, 2, 1);
+  e.Line(3, 4, 2, 1);
+  e.Line(1, 2, 0, 1);
+  EXPECT_EQ(Dump(d.b), Dump(e.b));
+}
+
+// Points on a coarse lattice (exact duplicates, collinear lines) moved by
+// offsets around the tolerance, chains of near points, a few huge and
+// non-finite values; arcs drawn from a small pool so that copies occur; texts
+// with and without size; now and then a reference outside.
+DrawBuffers RandomDrawing(std::mt19937 &rng) {
+  auto pick = [&rng](int n) {
+    return std::uniform_int_distribution<int>(0, n - 1)(rng);
+  };
+  const double offsets[] = {0,         0,         0,        0.00006, 0.0001,
+                            0.0000999, 0.0001001, -0.00005, 0.00012};
+  const double unusual[] = {kNaN,   kInf, -kInf,  1e300,
+                            -1e300, 1e15, 9.2e14, 0.3};
+  Drawing d;
+  const int n = 1 + pick(100);
+  for (int i = 0; i < n; ++i) {
+    double x = pick(6) * 0.5 + offsets[pick(9)];
+    double y = pick(4) * 0.5 + offsets[pick(9)];
+    if (pick(30) == 0)
+      x = unusual[pick(8)];
+    if (i > 0 && pick(5) == 0)
+      x = d.b.coordX.back() + 0.00006, y = d.b.coordY.back();
+    d.Point(x, y);
+  }
+  auto ref = [&]() -> std::int32_t {
+    const int r = pick(40);
+    return r == 0 ? -1 : r == 1 ? n + pick(3) : pick(n);
+  };
+  for (int i = pick(80); i > 0; --i)
+    d.Line(ref(), ref(), static_cast<std::int16_t>(pick(4) - 1),
+           static_cast<std::int16_t>(pick(3)));
+  std::vector<ArcElement> pool;
+  pool.reserve(6);
+  for (int i = 0; i < 6; ++i)
+    pool.push_back({ref(), ref(), ref(), ref(),
+                    static_cast<std::int16_t>(pick(2)),
+                    static_cast<std::int16_t>(pick(3))});
+  for (int i = pick(30); i > 0; --i)
+    d.b.arcs.push_back(pool[pick(6)]);
+  const std::int16_t sizes[] = {0, 5, 25, -3};
+  for (int i = pick(20); i > 0; --i)
+    d.Text(ref(), sizes[pick(4)], sizes[pick(4)], 0, 1,
+           "t" + std::to_string(i));
+  return d.b;
+}
+
+TEST(CleanDrawing, EqualsTheLiteralProcedureOnRandomBuffers) {
+  std::mt19937 rng(20240611);
+  for (int round = 0; round < 500; ++round) {
+    DrawBuffers fast = RandomDrawing(rng);
+    DrawBuffers literal = fast;
+    CleanDrawing(fast);
+    reference::CleanDrawing(literal);
+    ASSERT_EQ(Dump(fast), Dump(literal)) << "round " << round;
+  }
 }
 
 } // namespace
