@@ -1,8 +1,10 @@
-// Tests of the drawing export: the printed numbers, and the clean-up against
-// its plain quadratic reference.
+// Tests of the drawing export: the printed numbers, the clean-up against its
+// plain quadratic reference, and the .dis file byte for byte.
 #include "clean_drawing_reference.h"
 #include "export/clean_drawing.h"
+#include "export/dis_file.h"
 #include "platform/number_text.h"
+#include "test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -16,6 +18,11 @@ namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+std::string Expected(const std::string &name) {
+  return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "export" /
+                         name);
+}
 
 // Buffers built by hand: Point returns the index the elements refer to.
 struct Drawing {
@@ -146,6 +153,55 @@ TEST(CleanDrawing, EqualsTheLiteralProcedureOnRandomBuffers) {
     reference::CleanDrawing(literal);
     ASSERT_EQ(Dump(fast), Dump(literal)) << "round " << round;
   }
+}
+
+TEST(DisFile, ExampleEmptyAndCleanedByteForByte) {
+  test::TempDir dir;
+  Drawing example;
+  const auto start = example.Point(0, 0), end = example.Point(10, 5);
+  example.Line(start, end, 3);
+  const std::string name = (dir.path() / "example.dis").string();
+  const ExportMessage saved = SaveDisDrawing(name, example.b, 0);
+  EXPECT_EQ(saved.text, "File " + name + " salvato.");
+  EXPECT_EQ(saved.title, "SALVA FILE DISEGNO");
+  EXPECT_EQ(saved.icon, MsgIcon::Information);
+  EXPECT_EQ(test::ReadBytes(name), Expected("example.dis"));
+
+  const DrawBuffers empty;
+  EXPECT_EQ(DisFileText(empty, DrawingExtents(empty), 4),
+            Expected("empty.dis"));
+
+  // Near coordinates merge (a chain keeps its far end), the copy of an arc and
+  // the text of height 0 go, extents are taken before the clean-up.
+  Drawing d;
+  const auto origin = d.Point(0, 0);
+  d.Point(10, 5);
+  const auto nearOrigin = d.Point(0.00005, -0.00003),
+             label = d.Point(-2.5, 0.75);
+  const auto nearCorner = d.Point(10.00006, 5), chainEnd = d.Point(10.00012, 5);
+  d.Line(nearOrigin, label, 3);
+  d.Line(origin, nearCorner, 5);
+  d.Text(label, 25, 50, 90, 1, "N12");
+  d.Text(chainEnd, 10, 0, 0, 1, "gone");
+  d.Arc(label, chainEnd, chainEnd, 1);
+  d.Arc(label, chainEnd, chainEnd, 1);
+  d.Arc(label, chainEnd, chainEnd, 2);
+  SaveDisDrawing((dir.path() / "cleaned.dis").string(), d.b, 0);
+  EXPECT_EQ(test::ReadBytes(dir.path() / "cleaned.dis"),
+            Expected("cleaned.dis"));
+}
+
+TEST(DisFile, AFolderThatDoesNotExistGivesTheFailureAndNoFile) {
+  test::TempDir dir;
+  Drawing d;
+  const auto start = d.Point(0, 0), end = d.Point(1, 1);
+  d.Line(start, end, 2);
+  const std::string dis = (dir.path() / "missing" / "a.dis").string();
+  const ExportMessage disFailed = SaveDisDrawing(dis, d.b, 0);
+  EXPECT_EQ(disFailed.text, "Errore durante la scrittura sul file" + dis);
+  EXPECT_EQ(disFailed.title, "ERRORE");
+  EXPECT_EQ(disFailed.icon, MsgIcon::None);
+  EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
 }
 
 } // namespace
