@@ -132,4 +132,22 @@ std::string IntText(long long value) {
     return std::to_string(value);
 }
 
+std::string PrintedNumber(double value) {
+    if (value == 0 || !std::isfinite(value))
+        return " 0";
+    const double magnitude = std::abs(value);
+    const bool exponent = magnitude >= 1e15 || magnitude < 1e-4;
+    char buf[64];
+    buf[0] = value < 0 ? '-' : ' ';
+    // to_chars writes the shortest digits; its exponent already has a sign and two digits.
+    auto res = std::to_chars(buf + 1, buf + sizeof buf, magnitude,
+                             exponent ? std::chars_format::scientific : std::chars_format::fixed);
+    std::string text(buf, res.ptr);
+    if (exponent)
+        std::replace(text.begin(), text.end(), 'e', 'E');
+    else if (text.size() > 2 && text[1] == '0' && text[2] == '.')
+        text.erase(1, 1);
+    return text;
+}
+
 } // namespace vorna
