@@ -436,14 +436,25 @@ TEST_F(Commands, PickRadiusFollowsTheSmallerAxisAndBaseNodeChoiceStartsNoWindow)
 
 TEST_F(Commands, PickBoxDialogTakesOverTheSizeAndWarnsOnZero) {
     p.internalOptions.values[opt::kPickBoxSize] = 15;
+    std::string opened;
+    auto type = [&](std::string text) {
+        ui.dialogUsers.emplace_back([&opened, text](Dialog &d) {
+            opened = d.Find("TextTrappola")->text;
+            d.Find("TextTrappola")->text = text;
+            d.Click("Command1");
+        });
+    };
     Trappola_Click(p); // Esc
-    EXPECT_EQ(ui.pickBoxShown, (std::vector<std::string>{"15"}));
+    EXPECT_EQ(ui.dialogsShown, std::vector<std::string>{"FormOptInt"});
     EXPECT_EQ(p.internalOptions(opt::kPickBoxSize), 15);
-    ui.pickBoxAnswers = {"-12.7", ""};
+    EXPECT_EQ(p.form.Trappola.caption, "&Trappola...");
+    type("-12.7");
     Trappola_Click(p);
+    EXPECT_EQ(opened, "15");
     EXPECT_EQ(p.internalOptions(opt::kPickBoxSize), 13);
     EXPECT_EQ(p.form.Trappola.caption, "Trappola (13)...");
     EXPECT_TRUE(ui.messages.empty());
+    type("");
     Trappola_Click(p);
     EXPECT_EQ(p.form.Trappola.caption, "Trappola (0)...");
     ASSERT_EQ(ui.messages.size(), 1u);

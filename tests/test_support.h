@@ -1,11 +1,13 @@
 // Shared test fakes: a Ui that records messages and answers from a queue, and temporary folders.
 #pragma once
 
+#include "platform/dialog.h"
 #include "platform/ui.h"
 
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -36,14 +38,23 @@ public:
         saveChoices.pop_front();
         return c;
     }
-    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return std::nullopt; }
-    std::optional<std::string> AskPickBoxSize(const std::string &current) override {
-        pickBoxShown.push_back(current);
-        if (pickBoxAnswers.empty())
+    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override {
+        if (colours.empty())
             return std::nullopt;
-        auto a = pickBoxAnswers.front();
-        pickBoxAnswers.pop_front();
-        return a;
+        auto c = colours.front();
+        colours.pop_front();
+        return c;
+    }
+    // Each dialog runs the next queued user, who acts on it; none left means Esc.
+    void RunDialog(Dialog &dialog) override {
+        dialogsShown.emplace_back(dialog.Name());
+        if (dialogUsers.empty()) {
+            dialog.Escape();
+            return;
+        }
+        auto user = std::move(dialogUsers.front());
+        dialogUsers.pop_front();
+        user(dialog);
     }
     void SetBusy(bool on) override { busy = on; }
     void RequestExit(int status) override { exitStatus = status; }
@@ -51,8 +62,9 @@ public:
     std::vector<RecordedMessage> messages;
     std::deque<MsgAnswer> answers;
     std::deque<std::optional<SaveDialogResult>> saveChoices;
-    std::vector<std::string> pickBoxShown;  // the size each pick-box dialog opened on
-    std::deque<std::string> pickBoxAnswers; // typed texts; none left means Esc
+    std::deque<std::optional<std::uint32_t>> colours;
+    std::deque<std::function<void(Dialog &)>> dialogUsers;
+    std::vector<std::string> dialogsShown;
     bool busy = false;
     int exitStatus = -1;
 };

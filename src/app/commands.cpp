@@ -10,7 +10,7 @@ const std::vector<Command> &CommandTable() {
         {"SalvaGeom", &F::SalvaGeom, "ImportaGeom", nullptr, SalvaGeom_Click},
         {"SalvaSoll", &F::SalvaSoll, "ImportaSoll", nullptr, SalvaSoll_Click},
         {"ScriColl", &F::ScriColl, nullptr, nullptr, ScriColl_Click},
-        {"SalvaDisegno", &F::SalvaDisegno, nullptr, "F2", nullptr},
+        {"SalvaDisegno", &F::SalvaDisegno, nullptr, "F2", SalvaDisegno_Click},
         {"Esci", &F::Esci, "Esci", "Ctrl+E", Esci_Click},
         {"Ottimizza", &F::Ottimizza, "Ottimizza", "Ctrl+O", Ottimizza_Click},
         {"ZoomIn", &F::ZoomIn, "Zoom", "Ctrl+Z", ZoomIn_Click},
@@ -60,22 +60,29 @@ const std::vector<Command> &CommandTable() {
         {"BarraLat", &F::BarraLat, "AggiungiBarraLat", nullptr, BarraLat_Click},
         {"BarraIcone", &F::BarraIcone, nullptr, nullptr, BarraIcone_Click},
         {"Trappola", &F::Trappola, nullptr, nullptr, Trappola_Click},
-        {"Rappresentazione", &F::Rappresentazione, nullptr, nullptr, nullptr},
+        {"Rappresentazione", &F::Rappresentazione, nullptr, nullptr, Rappresentazione_Click},
     };
     return table;
 }
 
 namespace {
 
-// Items whose command this program does not offer yet stay disabled and do nothing.
+// Nothing runs once the program is ending.
 bool Run(Program &p, const Command &c) {
-    if (c.run == nullptr || p.exitRequested)
+    if (p.exitRequested)
         return false;
     c.run(p);
     return true;
 }
 
 } // namespace
+
+bool IsMenuItem(std::string_view name) {
+    for (const Command &c : CommandTable())
+        if (name == c.menuItem)
+            return true;
+    return false;
+}
 
 bool RunMenuItem(Program &p, std::string_view menuItem) {
     for (const Command &c : CommandTable())

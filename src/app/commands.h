@@ -23,6 +23,7 @@ struct Command {
 
 const std::vector<Command> &CommandTable();
 
+bool IsMenuItem(std::string_view name);
 // Runs the command of a menu item by name, when it exists and is enabled. False otherwise.
 bool RunMenuItem(Program &program, std::string_view menuItem);
 // Runs the command of an icon-bar key, when the button is enabled; unknown keys do nothing.
@@ -63,7 +64,6 @@ void Finestra_Click(Program &);
 void Nome_Click(Program &);
 void SchVincolo_Click(Program &);
 void Tutto_Click(Program &);
-void Trappola_Click(Program &);
 void ColourCommand(Program &, int code);
 void PointTypeCommand(Program &, int code);
 // The answer line closed and no way of selecting: the start of every selection command.
@@ -90,6 +90,11 @@ AnalogyParameters AnalogyParametersOf(const FormVorna &form);
 // A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
 // colours.
 void HighlightNodeBarTypes(Program &, int name);
+// options_commands.cpp: the two options dialogs.
+void Trappola_Click(Program &);
+void Rappresentazione_Click(Program &);
+// drawing_commands.cpp: the current view saved as a drawing (.dis or DXF).
+void SalvaDisegno_Click(Program &);
 // file_commands.cpp
 // Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
 void LoadConnectionInput(Program &);

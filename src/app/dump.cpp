@@ -84,19 +84,32 @@ template <typename Names> std::string Joined(int count, Names name) {
     return text;
 }
 
+void DumpControl(std::ostream &out, std::string_view name, const Control &c) {
+    const std::string n(name);
+    out << n << ".caption=" << Cp1252ToUtf8(c.caption) << '\n'
+        << n << ".text=" << Cp1252ToUtf8(c.text) << '\n'
+        << n << ".checked=" << Flag(c.checked) << '\n'
+        << n << ".enabled=" << Flag(c.enabled) << '\n'
+        << n << ".visible=" << Flag(c.visible) << '\n'
+        << n << ".tooltip=" << Cp1252ToUtf8(c.tooltip) << '\n';
+}
+
 } // namespace
 
 void DumpControls(Program &p, std::ostream &out) {
-    ForEachControl(p.form, [&](std::string_view name, Control &c) {
-        std::string n(name);
-        out << n << ".caption=" << Cp1252ToUtf8(c.caption) << '\n'
-            << n << ".text=" << Cp1252ToUtf8(c.text) << '\n'
-            << n << ".checked=" << Flag(c.checked) << '\n'
-            << n << ".enabled=" << Flag(c.enabled) << '\n'
-            << n << ".visible=" << Flag(c.visible) << '\n'
-            << n << ".tooltip=" << Cp1252ToUtf8(c.tooltip) << '\n';
-    });
+    ForEachControl(p.form, [&](std::string_view name, Control &c) { DumpControl(out, name, c); });
     out << "FormVorna.caption=" << Cp1252ToUtf8(p.form.caption) << '\n';
+}
+
+void DumpDialogControls(Dialog &dialog, std::ostream &out) {
+    dialog.ForEachControl([&](std::string_view name, Control &c) { DumpControl(out, name, c); });
+    out << dialog.Name() << ".caption=" << Cp1252ToUtf8(dialog.Caption()) << '\n';
+}
+
+void DumpBuffers(const Program &p, std::ostream &out) {
+    const DrawBuffers &b = p.buffers;
+    out << "buffers coordinates=" << b.coordX.size() << " lines=" << b.lines.size()
+        << " arcs=" << b.arcs.size() << " texts=" << b.texts.size() << '\n';
 }
 
 void DumpView(const Program &p, std::ostream &out) {

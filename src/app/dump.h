@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/program.h"
+#include "platform/dialog.h"
 
 #include <ostream>
 
@@ -13,5 +14,9 @@ void DumpModel(const Program &program, std::ostream &out);
 void DumpControls(Program &program, std::ostream &out);
 void DumpView(const Program &program, std::ostream &out);
 void DumpConnection(const Program &program, std::ostream &out);
+// The counts of the drawing buffers after the last export: coordinates, lines, arcs, texts.
+void DumpBuffers(const Program &program, std::ostream &out);
+// An open dialog's controls in the format of the window's, then its caption.
+void DumpDialogControls(Dialog &dialog, std::ostream &out);
 
 } // namespace vorna

@@ -153,9 +153,6 @@ FormVorna InitialForm() {
     f.BarraIcone = Checked("Barra delle &icone");
     f.Trappola = Caption("&Trappola...");
     f.Rappresentazione = Caption("O&pzioni...");
-    // The drawing export and the display options dialog are not offered yet.
-    f.SalvaDisegno.enabled = false;
-    f.Rappresentazione.enabled = false;
 
     f.btnImportaTutto = Button("Importa geometria e sollecitazioni");
     f.btnImportaGeom = Button("Importa geometria");

@@ -2,8 +2,7 @@
 // properties that commands read and write. The Qt window mirrors it.
 #pragma once
 
-#include "platform/canvas.h"
-#include "platform/ui.h"
+#include "platform/control.h"
 
 #include <array>
 #include <functional>
@@ -11,19 +10,6 @@
 #include <string_view>
 
 namespace vorna {
-
-// One control, menu item or button; sizes are twips. Texts are Windows-1252.
-struct Control {
-    std::string caption;
-    std::string text;
-    std::string tooltip;
-    bool checked = false;
-    bool enabled = true;
-    bool visible = true;
-    Rgb backColour = 0;
-    Pointer pointer = Pointer::Default;
-    double left = 0, top = 0, width = 0, height = 0;
-};
 
 // System colours the answer line switches between.
 constexpr Rgb kWindowColour = 0xFFFFFF;     // &H80000005

@@ -2,18 +2,13 @@
 // printing every message box as one line.
 #include "app/script_runner.h"
 
-#include "app/commands.h"
-#include "app/dump.h"
 #include "app/program.h"
+#include "app/script_verbs.h"
 #include "app/startup.h"
-#include "platform/number_text.h"
 #include "platform/plain_canvas.h"
 #include "platform/text.h"
-#include "platform/text_file.h"
 
 #include <memory>
-#include <sstream>
-#include <vector>
 
 namespace vorna {
 
@@ -28,25 +23,62 @@ MsgAnswer ScriptUi::MessageBox(std::string_view text, std::string_view title, Ms
     return answer;
 }
 
-std::optional<SaveDialogResult> ScriptUi::SaveFile(const SaveDialogRequest &) {
-    if (saveChoices.empty())
+namespace {
+
+template <typename T> std::optional<T> Next(std::deque<std::optional<T>> &queue) {
+    if (queue.empty())
         return std::nullopt;
-    auto choice = saveChoices.front();
-    saveChoices.pop_front();
+    auto choice = std::move(queue.front());
+    queue.pop_front();
     return choice;
 }
 
-std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) {
-    return std::nullopt;
+} // namespace
+
+std::optional<SaveDialogResult> ScriptUi::SaveFile(const SaveDialogRequest &) {
+    return Next(saveChoices);
 }
 
-// With no text queued the dialog is left with Esc.
-std::optional<std::string> ScriptUi::AskPickBoxSize(const std::string &) {
-    if (pickBoxAnswers.empty())
-        return std::nullopt;
-    std::string text = std::move(pickBoxAnswers.front());
-    pickBoxAnswers.pop_front();
-    return text;
+std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) {
+    return Next(colours);
+}
+
+void ScriptUi::RunDialog(Dialog &dialog) {
+    if (dialog.Name() == "FormOptInt" && !pickBoxTexts.empty()) {
+        if (Control *box = dialog.Find("TextTrappola"))
+            box->text = pickBoxTexts.front();
+        pickBoxTexts.pop_front();
+        dialog.Click("Command1");
+        return;
+    }
+    std::string line;
+    while (!dialog.closed) {
+        // A script that ends with the dialog open leaves it as Esc would.
+        if (session == nullptr || !session->NextLine(line)) {
+            dialog.Escape();
+            return;
+        }
+        if (!RunDialogLine(*session, dialog, line))
+            session->Fail(line);
+    }
+}
+
+bool ScriptSession::NextLine(std::string &line) {
+    std::string_view raw;
+    while (ReadLine(lines, raw)) {
+        // Blanks and tabs around a line mean nothing; the line is Windows-1252 from here on.
+        const auto first = raw.find_first_not_of(" \t");
+        if (first == std::string_view::npos || raw[first] == '#')
+            continue;
+        line = Utf8ToCp1252(raw.substr(first, raw.find_last_not_of(" \t") - first + 1));
+        return true;
+    }
+    return false;
+}
+
+void ScriptSession::Fail(std::string_view line) {
+    out << "error|" << Cp1252ToUtf8(line) << '\n';
+    status = 2;
 }
 
 namespace {
@@ -65,178 +97,6 @@ private:
     PlainCanvas picture1_{2100, 1500};
 };
 
-struct Runner {
-    Program &p;
-    ScriptUi &ui;
-    ScriptHost &host;
-    std::ostream &out;
-
-    // The words of a line; the last word of "set" keeps its blanks.
-    static std::vector<std::string> Words(const std::string &line, std::size_t most) {
-        std::vector<std::string> words;
-        std::istringstream in(line);
-        std::string w;
-        while (words.size() + 1 < most && in >> w)
-            words.push_back(w);
-        std::string rest;
-        std::getline(in, rest);
-        if (!TrimLeft(rest).empty())
-            words.push_back(TrimLeft(rest));
-        return words;
-    }
-
-    static double Num(const std::string &s) { return StrictNumber(s).value_or(0); }
-    static int Int(const std::string &s) { return static_cast<int>(Num(s)); }
-
-    void Mouse(const std::string &verb, const std::vector<std::string> &w) {
-        double x = Num(w[1]), y = Num(w[2]);
-        int button = w.size() > 3 ? Int(w[3]) : kLeftButton;
-        int shift = w.size() > 4 ? Int(w[4]) : 0;
-        if (verb == "down") {
-            Disegno_MouseDown(p, button, shift, x, y);
-        } else if (verb == "up") {
-            Disegno_MouseUp(p, button, shift, x, y);
-        } else if (verb == "move") {
-            Disegno_MouseMove(p, w.size() > 3 ? button : 0, shift, x, y);
-        } else if (verb == "click") {
-            Disegno_MouseDown(p, button, shift, x, y);
-            Disegno_MouseUp(p, button, shift, x, y);
-        } else { // dblclick: the press and release that come before the double click
-            Disegno_MouseDown(p, button, shift, x, y);
-            Disegno_MouseUp(p, button, shift, x, y);
-            Disegno_DblClick(p, button);
-            Disegno_MouseUp(p, button, shift, x, y);
-        }
-    }
-
-    bool ClickNode(const std::string &name) {
-        const StructureModel &m = p.model;
-        for (int i = 0; i < m.nodeCount; ++i) {
-            const Node &n = m.nodes[i];
-            if (std::to_string(n.name) == name && IsLive(n) && p.view.nodeShown[i]) {
-                double x = ProjectedXOf(p.view, n.pointIndex),
-                       y = ProjectedYOf(p.view, n.pointIndex);
-                Disegno_MouseDown(p, kLeftButton, 0, x, y);
-                Disegno_MouseUp(p, kLeftButton, 0, x, y);
-                return true;
-            }
-        }
-        return false;
-    }
-
-    // Runs one line; false when it is not part of the language or could not be done.
-    bool Line(const std::string &line) {
-        std::vector<std::string> w = Words(line, line.rfind("set ", 0) == 0 ? 3 : 8);
-        const std::string &verb = w[0];
-        if (verb == "dump" && w.size() == 2) {
-            if (w[1] == "folders")
-                DumpFolders(p, out);
-            else if (w[1] == "options")
-                DumpOptions(p, out);
-            else if (w[1] == "model")
-                DumpModel(p, out);
-            else if (w[1] == "controls")
-                DumpControls(p, out);
-            else if (w[1] == "view")
-                DumpView(p, out);
-            else if (w[1] == "connection")
-                DumpConnection(p, out);
-            else
-                return false;
-            return true;
-        }
-        if (verb == "answer" && w.size() == 2 && (w[1] == "OK" || w[1] == "Cancel")) {
-            ui.answers.push_back(w[1] == "OK" ? MsgAnswer::Ok : MsgAnswer::Cancel);
-            return true;
-        }
-        if (verb == "savefile" && w.size() >= 2) {
-            if (w[1] == "cancel")
-                ui.saveChoices.push_back(std::nullopt);
-            else
-                ui.saveChoices.push_back(
-                    SaveDialogResult{Utf8ToCp1252(w[1]), w.size() > 2 ? Int(w[2]) : 1});
-            return true;
-        }
-        // "pickbox TEXT": the text typed in the next pick-box dialog ("Trappola"), blanks kept;
-        // "pickbox" alone leaves the box empty. Without one the dialog is left with Esc.
-        if (verb == "pickbox") {
-            ui.pickBoxAnswers.push_back(TrimLeft(std::string_view(line).substr(verb.size())));
-            return true;
-        }
-        if (verb == "set" && w.size() >= 2) {
-            Control *c = FindControl(p.form, w[1]);
-            if (c)
-                c->text = w.size() > 2 ? Utf8ToCp1252(w[2]) : "";
-            return c != nullptr;
-        }
-        if (verb == "check" && w.size() == 3) {
-            Control *c = FindControl(p.form, w[1]);
-            if (c)
-                c->checked = w[2] == "1";
-            return c != nullptr;
-        }
-        if (verb == "option" && w.size() == 2 && w[1].rfind("OpzMetodo(", 0) == 0) {
-            int k = Int(w[1].substr(10, 1));
-            for (int i = 0; i < 4; ++i)
-                p.form.OpzMetodo[i].checked = i == k;
-            return k >= 0 && k < 4;
-        }
-        if (verb == "key" && w.size() == 2) {
-            if (w[1] == "Enter")
-                Risposta_KeyDown(p, 13);
-            else if (w[1] == "Esc")
-                Interrompi_Click(p);
-            else
-                return false;
-            return true;
-        }
-        if ((verb == "down" || verb == "up" || verb == "move" || verb == "click" ||
-             verb == "dblclick") &&
-            w.size() >= 3) {
-            Mouse(verb, w);
-            return true;
-        }
-        if (verb == "clicknode" && w.size() == 2)
-            return ClickNode(w[1]);
-        if (verb == "label" && w.size() == 2) {
-            LabelTipo_Click(p, Int(w[1]));
-            return true;
-        }
-        if (verb == "wheel" && w.size() == 2) {
-            WheelZoom(p, Int(w[1]));
-            return true;
-        }
-        if (verb == "resize" && w.size() == 3) {
-            p.form.width = Num(w[1]);
-            p.form.height = Num(w[2]);
-            LayOutForm(p);
-            return true;
-        }
-        if (verb == "screenshot" && w.size() == 2) {
-            host.Sync(p);
-            return host.Screenshot(p, w[1]);
-        }
-        if (verb == "button" && w.size() == 2) {
-            if (!RunToolbarButton(p, w[1]))
-                out << "ignored|button " << w[1] << '\n';
-            return true;
-        }
-        if (w.size() == 1 && FindCommand(verb)) {
-            if (!RunMenuItem(p, verb))
-                out << "ignored|" << verb << '\n';
-            return true;
-        }
-        return false;
-    }
-
-    static bool FindCommand(const std::string &name) {
-        for (const Command &c : CommandTable())
-            if (name == c.menuItem)
-                return true;
-        return false;
-    }
-};
-
 } // namespace
 
 int RunScript(const std::filesystem::path &script, std::string_view commandLine, std::ostream &out,
@@ -248,25 +108,19 @@ int RunScript(const std::filesystem::path &script, std::string_view commandLine,
     }
     ScriptUi ui(out);
     auto program = std::make_unique<Program>(ui, host.Disegno(), host.Picture1());
+    ScriptSession session{*program, ui, host, out, TextCursor{std::move(*text), 0}};
+    ui.session = &session;
     host.Attach(*program);
     host.Sync(*program);
     RunStartUp(*program, commandLine);
     host.Sync(*program);
-    Runner runner{*program, ui, host, out};
-    int status = 0;
-    TextCursor cursor{std::move(*text), 0};
-    std::string_view raw;
-    while (!program->exitRequested && ReadLine(cursor, raw)) {
-        std::string line = Utf8ToCp1252(Trim(raw));
-        if (line.empty() || line[0] == '#')
-            continue;
-        if (!runner.Line(line)) {
-            out << "error|" << Cp1252ToUtf8(line) << '\n';
-            status = 2;
-        }
+    std::string line;
+    while (!program->exitRequested && session.NextLine(line)) {
+        if (!RunWindowLine(session, line))
+            session.Fail(line);
         host.Sync(*program);
     }
-    return program->exitRequested ? program->exitStatus : status;
+    return program->exitRequested ? program->exitStatus : session.status;
 }
 
 int RunScript(const std::filesystem::path &script, std::string_view commandLine,

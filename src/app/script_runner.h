@@ -3,6 +3,8 @@
 #pragma once
 
 #include "platform/canvas.h"
+#include "platform/dialog.h"
+#include "platform/text_file.h"
 #include "platform/ui.h"
 
 #include <deque>
@@ -14,8 +16,11 @@
 namespace vorna {
 
 struct Program;
+class ScriptHost;
+struct ScriptSession;
 
-// Prints each message box as "message|TITLE|ICON|TEXT" and answers from a queue (OK when empty).
+// Prints each message box as "message|TITLE|ICON|TEXT" and answers from queues; a modal dialog
+// takes the script's next lines until it closes.
 class ScriptUi : public Ui {
 public:
     explicit ScriptUi(std::ostream &out) : out_(out) {}
@@ -23,13 +28,15 @@ public:
                          MsgButtons buttons) override;
     std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &request) override;
     std::optional<std::uint32_t> ChooseColour(std::uint32_t initial) override;
-    std::optional<std::string> AskPickBoxSize(const std::string &current) override;
+    void RunDialog(Dialog &dialog) override;
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
 
-    std::deque<MsgAnswer> answers;
-    std::deque<std::optional<SaveDialogResult>> saveChoices;
-    std::deque<std::string> pickBoxAnswers; // texts typed in the pick-box dialog
+    std::deque<MsgAnswer> answers;                           // OK when none is queued
+    std::deque<std::optional<SaveDialogResult>> saveChoices; // cancel when none is queued
+    std::deque<std::optional<Rgb>> colours;                  // cancel when none is queued
+    std::deque<std::string> pickBoxTexts; // typed in the next FormOptInt, then "Chiudi"
+    ScriptSession *session = nullptr;     // where a dialog reads its lines from
 
 private:
     std::ostream &out_;
@@ -47,6 +54,23 @@ public:
     // A command has run: show the new state (and the new window size after "resize").
     virtual void Sync(Program &) {}
     virtual bool Screenshot(Program &, const std::filesystem::path &) { return false; }
+    virtual bool Screenshot(Dialog &, const std::filesystem::path &) { return false; }
+};
+
+// One run of a script: the program, its front end and the lines still to come.
+struct ScriptSession {
+    Program &p;
+    ScriptUi &ui;
+    ScriptHost &host;
+    std::ostream &out;
+    TextCursor lines;
+    int status = 0; // 2 once a line failed
+
+    // The next line that is not blank or a comment, trimmed and in Windows-1252. False at the
+    // end of the script.
+    bool NextLine(std::string &line);
+    // Reports a line that is not part of the language (or that could not be done).
+    void Fail(std::string_view line);
 };
 
 // Returns the process exit status: the program's own when a command or start-up ended it,

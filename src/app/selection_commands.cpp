@@ -199,17 +199,6 @@ void PointTypeCommand(Program &p, int code) {
     p.command.selectionMode = SelectionMode::Direct;
 }
 
-void Trappola_Click(Program &p) {
-    double &size = p.internalOptions.values[opt::kPickBoxSize];
-    auto text = p.ui.AskPickBoxSize(NumberText(size));
-    if (!text)
-        return;
-    size = AggiornaOpzioniInterne_(*text);
-    if (size == 0) // kept all the same: direct selection then picks nothing
-        p.ui.MessageBox(p.messages[18], "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
-    p.form.Trappola.caption = "Trappola (" + NumberText(size) + ")...";
-}
-
 void FinishWindowSelection(Program &p) {
     Control &shape = p.form.Shape;
     shape.visible = false;

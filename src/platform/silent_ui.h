@@ -1,6 +1,7 @@
 // A Ui that answers every message with OK and shows nothing: for benchmarks and fuzzing.
 #pragma once
 
+#include "platform/dialog.h"
 #include "platform/ui.h"
 
 namespace vorna {
@@ -12,7 +13,7 @@ public:
     }
     std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &) override { return {}; }
     std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
-    std::optional<std::string> AskPickBoxSize(const std::string &) override { return {}; }
+    void RunDialog(Dialog &dialog) override { dialog.Escape(); }
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
 };

@@ -8,6 +8,8 @@
 
 namespace vorna {
 
+class Dialog;
+
 enum class MsgIcon { None = 0, Critical = 16, Exclamation = 48, Information = 64 };
 enum class MsgButtons { Ok, OkCancel };
 enum class MsgAnswer { Ok, Cancel };
@@ -37,9 +39,8 @@ public:
     virtual std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &request) = 0;
     // Nothing when the user cancels; colours packed red + 256 green + 65536 blue.
     virtual std::optional<std::uint32_t> ChooseColour(std::uint32_t initial) = 0;
-    // The pick-box dialog, opened on the current size: the text typed when the user closes it
-    // with "Chiudi", nothing on Esc.
-    virtual std::optional<std::string> AskPickBoxSize(const std::string &current) = 0;
+    // Shows a modal dialog and forwards the user's actions to it until it is closed.
+    virtual void RunDialog(Dialog &dialog) = 0;
     virtual void SetBusy(bool busy) = 0;
     // Ends the program once control returns to the front end; the core never calls exit().
     virtual void RequestExit(int status) = 0;

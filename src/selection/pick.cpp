@@ -107,9 +107,4 @@ int PickElement(const StructureModel &model, const ViewState &view,
     return ChoosePickCandidate(std::move(candidates), kind, function, model, connection);
 }
 
-double AggiornaOpzioniInterne_(std::string_view textTrappola) {
-    double size = std::fabs(std::floor(LeadingNumber(textTrappola)));
-    return std::isfinite(size) ? size : 0;
-}
-
 } // namespace vorna

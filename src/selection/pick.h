@@ -44,8 +44,4 @@ int PickElement(const StructureModel &model, const ViewState &view,
                 const ConnectionState &connection, ActiveFunction function, double x, double y,
                 double radius);
 
-// What the pick-box dialog takes over from its text: the leading number rounded down, made
-// positive; an empty or unreadable text gives 0, which switches direct selection off.
-double AggiornaOpzioniInterne_(std::string_view textTrappola);
-
 } // namespace vorna

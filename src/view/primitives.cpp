@@ -5,7 +5,6 @@
 #include "platform/number_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace vorna {
@@ -37,14 +36,6 @@ std::int16_t Tenths(double size) {
 }
 
 } // namespace
-
-Rgb ColourOfCode(int code) {
-    static constexpr std::array<Rgb, 10> kColours = {
-        PackRgb(0, 0, 0),       PackRgb(255, 255, 255), PackRgb(0, 0, 192), PackRgb(255, 0, 0),
-        PackRgb(0, 255, 0),     PackRgb(255, 255, 0),   PackRgb(0, 128, 0), PackRgb(255, 0, 255),
-        PackRgb(160, 197, 250), PackRgb(255, 163, 70)};
-    return code >= 0 && code < 10 ? kColours[code] : PackRgb(255, 255, 255);
-}
 
 Pen PenOfCode(int code) {
     return Pen{ColourOfCode(code), code};

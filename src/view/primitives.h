@@ -10,8 +10,6 @@
 
 namespace vorna {
 
-// RGB of a colour code: 0 black, 1 white, 2 blue ... 9 orange; any other code white.
-Rgb ColourOfCode(int code);
 // An element drawn in the colour of its own code.
 Pen PenOfCode(int code);
 

@@ -85,8 +85,7 @@ TEST_F(WindowTest, MenusFollowCaptionsChecksAndEnabling) {
     EXPECT_TRUE(Action("&Visualizza Coordinate")->isChecked());
     EXPECT_FALSE(Action("Visualizza &Assi")->isChecked());
     EXPECT_TRUE(Action("Trappola (9)...")->isEnabled());
-    // An item without a command in the table is shown but cannot be chosen.
-    EXPECT_FALSE(Action("Salva &disegno...")->isEnabled());
+    EXPECT_TRUE(Action("Salva &disegno...")->isEnabled());
 }
 
 TEST_F(WindowTest, WidgetsShowTheFormAndEditsReachTheNextCommand) {

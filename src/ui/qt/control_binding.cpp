@@ -48,6 +48,10 @@ void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
             button->setChecked(c.checked);
     } else if (auto *group = qobject_cast<QGroupBox *>(w)) {
         group->setTitle(ToQString(c.caption));
+    } else if (auto *swatch = qobject_cast<QLabel *>(w); swatch && style == BindingStyle::Swatch) {
+        QPalette palette = swatch->palette();
+        palette.setColor(QPalette::Window, ColourOf(c.backColour));
+        swatch->setPalette(palette);
     } else if (auto *label = qobject_cast<QLabel *>(w)) {
         label->setText(style == BindingStyle::SymbolPlaced ? SymbolFontText(c.caption)
                                                            : ToQString(c.caption));
@@ -91,7 +95,7 @@ void ApplyBinding(Binding &b, double twipsPerPixel) {
     w->setEnabled(c.enabled);
     w->setToolTip(ToQString(c.tooltip));
     ApplyPointer(w, c.pointer);
-    if (b.style != BindingStyle::Plain)
+    if (b.style == BindingStyle::Placed || b.style == BindingStyle::SymbolPlaced)
         w->setGeometry(TwipsToPixels(c, twipsPerPixel));
     w->setVisible(c.visible);
     b.shown = c;

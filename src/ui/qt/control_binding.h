@@ -2,7 +2,7 @@
 // taking the user's edits back.
 #pragma once
 
-#include "app/form_vorna.h"
+#include "platform/control.h"
 
 #include <QRect>
 #include <QString>
@@ -19,6 +19,7 @@ enum class BindingStyle {
     Plain,
     Placed,       // absolutely placed in the client area from the form's twips
     SymbolPlaced, // placed, and the caption is in the symbol font ("a" is alpha)
+    Swatch,       // a colour: the back colour fills the widget
 };
 
 struct Binding {

@@ -139,7 +139,7 @@ void MainWindow::SyncMenus() {
             a.action->setCheckable(c.checked);
             a.action->setChecked(c.checked);
         }
-        a.action->setEnabled(c.enabled && a.offered);
+        a.action->setEnabled(c.enabled);
         a.action->setVisible(c.visible);
     }
 }

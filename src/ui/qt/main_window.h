@@ -49,7 +49,6 @@ private:
     struct MenuAction {
         std::string name;
         QAction *action;
-        bool offered; // the command table has a command for it
         Control *control = nullptr;
     };
 

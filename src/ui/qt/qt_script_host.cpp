@@ -2,6 +2,7 @@
 #include "ui/qt/qt_script_host.h"
 
 #include "platform/text_file.h"
+#include "ui/qt/dialog_window.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -25,13 +26,30 @@ void QtScriptHost::Sync(Program &) {
     QCoreApplication::processEvents();
 }
 
-bool QtScriptHost::Screenshot(Program &, const std::filesystem::path &file) {
+namespace {
+
+bool SavePng(QWidget &widget, const std::filesystem::path &file) {
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    if (!window_.grab().save(&buffer, "PNG"))
+    if (!widget.grab().save(&buffer, "PNG"))
         return false;
     return WriteFileAtomic(file, std::string_view(png.constData(), png.size()));
+}
+
+} // namespace
+
+bool QtScriptHost::Screenshot(Program &, const std::filesystem::path &file) {
+    return SavePng(window_, file);
+}
+
+// The dialog as the window would show it over the main window.
+bool QtScriptHost::Screenshot(Dialog &dialog, const std::filesystem::path &file) {
+    DialogWindow shown(dialog, &window_);
+    shown.setAttribute(Qt::WA_DontShowOnScreen);
+    shown.show();
+    QCoreApplication::processEvents();
+    return SavePng(shown, file);
 }
 
 } // namespace vorna::qt

@@ -17,6 +17,7 @@ public:
     void Attach(Program &program) override;
     void Sync(Program &program) override;
     bool Screenshot(Program &program, const std::filesystem::path &file) override;
+    bool Screenshot(Dialog &dialog, const std::filesystem::path &file) override;
 
     MainWindow &Window() { return window_; }
 

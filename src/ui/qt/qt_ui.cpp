@@ -3,20 +3,14 @@
 
 #include "platform/native_path.h"
 #include "platform/text.h"
+#include "ui/qt/dialog_window.h"
 #include "ui/qt/qt_canvas.h"
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QDialog>
 #include <QFileDialog>
-#include <QGroupBox>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaObject>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace vorna::qt {
 
@@ -92,30 +86,12 @@ std::optional<std::uint32_t> QtUi::ChooseColour(std::uint32_t initial) {
     return PackRgb(chosen.red(), chosen.green(), chosen.blue());
 }
 
-std::optional<std::string> QtUi::AskPickBoxSize(const std::string &current) {
-    QDialog dialog(parent_);
-    dialog.setWindowTitle("Opzioni");
-    auto *frame = new QGroupBox(&dialog);
-    auto *row = new QHBoxLayout(frame);
-    row->addWidget(new QLabel("Dimensione della trappola:", frame));
-    auto *size = new QLineEdit(ToQString(current), frame);
-    size->setMaximumWidth(80);
-    row->addWidget(size);
-    auto *close = new QPushButton("Chiudi", &dialog);
-    close->setDefault(true);
-    QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
-    auto *column = new QVBoxLayout(&dialog);
-    column->addWidget(frame);
-    column->addWidget(close, 0, Qt::AlignRight);
-    size->selectAll();
+void QtUi::RunDialog(Dialog &dialog) {
+    DialogWindow window(dialog, parent_);
     bool wasBusy = busy_;
     SetBusy(false);
-    // Esc rejects the dialog: nothing is taken over.
-    bool closed = dialog.exec() == QDialog::Accepted;
+    window.exec();
     SetBusy(wasBusy);
-    if (!closed)
-        return std::nullopt;
-    return FromQString(size->text());
 }
 
 void QtUi::SetBusy(bool busy) {

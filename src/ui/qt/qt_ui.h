@@ -19,7 +19,7 @@ public:
                          MsgButtons buttons) override;
     std::optional<SaveDialogResult> SaveFile(const SaveDialogRequest &request) override;
     std::optional<std::uint32_t> ChooseColour(std::uint32_t initial) override;
-    std::optional<std::string> AskPickBoxSize(const std::string &current) override;
+    void RunDialog(Dialog &dialog) override;
     void SetBusy(bool busy) override;
     // The loop ends once the running command has returned to it.
     void RequestExit(int status) override;

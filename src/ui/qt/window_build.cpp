@@ -45,7 +45,7 @@ QWidget *MainWindow::Bind(const std::string &name, QWidget *widget, BindingStyle
 
 QMenu *MainWindow::AddMenu(QMenu *parent, const char *name) {
     auto *menu = parent ? parent->addMenu(name) : menuBar()->addMenu(name);
-    actions_.push_back({name, menu->menuAction(), true, nullptr});
+    actions_.push_back({name, menu->menuAction(), nullptr});
     return menu;
 }
 
@@ -60,7 +60,7 @@ void MainWindow::AddItems(QMenu *menu, std::initializer_list<const char *> items
         std::string itemName = item;
         connect(action, &QAction::triggered, this,
                 [this, itemName] { Run([&](Program &p) { RunMenuItem(p, itemName); }); });
-        actions_.push_back({item, action, command && command->run, nullptr});
+        actions_.push_back({item, action, nullptr});
     }
 }
 
@@ -94,7 +94,7 @@ void MainWindow::BuildToolbar(QWidget *client) {
             toolbar_->addAction(QIcon(QString(":/icons/%1.svg").arg(b.key)), QString(b.key));
         connect(action, &QAction::triggered, this,
                 [this, key] { Run([&](Program &p) { RunToolbarButton(p, key); }); });
-        actions_.push_back({"Toolbar1." + key, action, true, nullptr});
+        actions_.push_back({"Toolbar1." + key, action, nullptr});
         // The bar's groups: files and exit, view, selection, side bar.
         if (key == "Esci" || key == "Ridisegna" || key == "Interrompi")
             toolbar_->addSeparator();

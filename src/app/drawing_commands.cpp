@@ -1,0 +1,73 @@
+// The command that saves the current view as a drawing: the save dialog, the export pass into
+// the drawing buffers, and the .dis or DXF writer.
+#include "app/commands.h"
+
+#include "export/dis_file.h"
+#include "export/dxf_file.h"
+#include "view/render.h"
+
+namespace vorna {
+namespace {
+
+// The save dialog's outcome: the name chosen (or the initial one), whether the dialog completed
+// and the file type chosen (1-based).
+struct SaveChoice {
+    std::string fileName;
+    bool completed = true;
+    int filterIndex = 1;
+};
+
+// The dialog opens in the job folder; each save starts from empty buffers unless asked to keep
+// them.
+SaveChoice ShowSaveDialog(Program &p, std::string_view filter, std::string initialName,
+                          bool keepBuffers) {
+    SaveDialogRequest request;
+    request.initialFolder = p.folders.jobFolder;
+    request.filter = filter.empty() ? "DISEGNO  (*.DIS)|*.DIS" : std::string(filter);
+    request.title = "FILE DISEGNO DA GENERARE";
+    request.fileName = initialName;
+    SaveChoice choice{std::move(initialName)};
+    if (auto chosen = p.ui.SaveFile(request)) {
+        choice.fileName = chosen->fileName;
+        choice.filterIndex = chosen->filterIndex;
+    } else {
+        choice.completed = false;
+    }
+    if (!keepBuffers)
+        p.buffers = DrawBuffers{};
+    return choice;
+}
+
+void Show(Program &p, const ExportMessage &m) {
+    p.ui.MessageBox(m.text, m.title, m.icon, MsgButtons::Ok);
+}
+
+} // namespace
+
+void SalvaDisegno_Click(Program &p) {
+    const SaveChoice choice =
+        ShowSaveDialog(p, "File Disegno (*.dis)| *.dis|AutoCAD (*.dxf)| *.dxf", "", false);
+    if (!choice.fileName.empty() && !choice.completed) {
+        p.ui.MessageBox("Impossibile salvare il file", "MESSAGGIO", MsgIcon::Critical,
+                        MsgButtons::Ok);
+        return;
+    }
+    if (choice.fileName.empty())
+        return;
+    // As on screen, nothing is drawn from a structure that failed to load.
+    if (p.structureLoaded) {
+        p.ui.SetBusy(true);
+        ExportDrawing(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
+                                p.font, p.form.VisAssi.checked},
+                      p.disegno, p.buffers);
+        for (const std::string &warning : p.buffers.warnings)
+            p.ui.MessageBox(warning, "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
+        p.ui.SetBusy(false);
+    }
+    if (choice.filterIndex == 1)
+        Show(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
+    else
+        Show(p, WriteDxf(choice.fileName, p.buffers, false));
+}
+
+} // namespace vorna

@@ -1,0 +1,23 @@
+// The commands of the two options dialogs: the display options and the pick-box size.
+#include "app/commands.h"
+
+#include "options/form_opt.h"
+#include "platform/number_text.h"
+
+namespace vorna {
+
+void Trappola_Click(Program &p) {
+    FormOptIntDialog dialog(p.internalOptions, p.messages, p.ui);
+    p.ui.RunDialog(dialog);
+    if (dialog.taken)
+        p.form.Trappola.caption =
+            "Trappola (" + NumberText(p.internalOptions(opt::kPickBoxSize)) + ")...";
+}
+
+// The new options apply from the next drawing of the view.
+void Rappresentazione_Click(Program &p) {
+    FormOptDialog dialog(p.displayOptions, p.folders.customFolder, p.messages, p.ui);
+    p.ui.RunDialog(dialog);
+}
+
+} // namespace vorna

@@ -1,0 +1,573 @@
+// The script language as tables of verbs: each row names a verb, its arguments and what it
+// does, and serves both the runner and the README.
+#include "app/script_verbs.h"
+
+#include "app/commands.h"
+#include "app/dump.h"
+#include "app/program.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+using Session = ScriptSession;
+
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t';
+}
+
+std::string_view SkipSpaces(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && IsSpace(s[i]))
+        ++i;
+    return s.substr(i);
+}
+
+// A whole number that fits an int.
+std::optional<double> IntegerOf(std::string_view word) {
+    auto v = StrictNumber(word);
+    if (!v || !(std::abs(*v) < 1e9) || std::floor(*v) != *v)
+        return std::nullopt;
+    return v;
+}
+
+bool Flag01(std::string_view word, bool &on) {
+    if (word != "0" && word != "1")
+        return false;
+    on = word == "1";
+    return true;
+}
+
+// "Name(i)" with i a whole number in [first, last]; nothing otherwise.
+std::optional<int> IndexOf(std::string_view word, std::string_view name, int first, int last) {
+    if (word.size() < name.size() + 3 || !word.starts_with(name) || word[name.size()] != '(' ||
+        word.back() != ')')
+        return std::nullopt;
+    auto i = IntegerOf(word.substr(name.size() + 1, word.size() - name.size() - 2));
+    if (!i || *i < first || *i > last)
+        return std::nullopt;
+    return static_cast<int>(*i);
+}
+
+// ---- the window
+
+bool Dump(Session &s, const ScriptArgs &a) {
+    const std::string &what = a.text[0];
+    if (what == "folders")
+        DumpFolders(s.p, s.out);
+    else if (what == "options")
+        DumpOptions(s.p, s.out);
+    else if (what == "model")
+        DumpModel(s.p, s.out);
+    else if (what == "controls")
+        DumpControls(s.p, s.out);
+    else if (what == "view")
+        DumpView(s.p, s.out);
+    else if (what == "connection")
+        DumpConnection(s.p, s.out);
+    else if (what == "buffers")
+        DumpBuffers(s.p, s.out);
+    else
+        return false;
+    return true;
+}
+
+bool Answer(ScriptUi &ui, const ScriptArgs &a) {
+    if (a.text[0] != "OK" && a.text[0] != "Cancel")
+        return false;
+    ui.answers.push_back(a.text[0] == "OK" ? MsgAnswer::Ok : MsgAnswer::Cancel);
+    return true;
+}
+
+bool Colour(ScriptUi &ui, const ScriptArgs &a) {
+    if (a.text[0] == "cancel" && !a.Has(1)) {
+        ui.colours.emplace_back(std::nullopt);
+        return true;
+    }
+    int rgb[3];
+    for (std::size_t k = 0; k < 3; ++k) {
+        auto v = a.Has(k) ? IntegerOf(a.text[k]) : std::nullopt;
+        if (!v || *v < 0 || *v > 255)
+            return false;
+        rgb[k] = static_cast<int>(*v);
+    }
+    ui.colours.emplace_back(PackRgb(rgb[0], rgb[1], rgb[2]));
+    return true;
+}
+
+bool SaveFileChoice(Session &s, const ScriptArgs &a) {
+    const std::string &rest = a.text[0];
+    if (rest == "cancel") {
+        s.ui.saveChoices.emplace_back(std::nullopt);
+        return true;
+    }
+    // The path may hold blanks: the file type is the last word.
+    const std::size_t cut = rest.find_last_of(" \t");
+    if (cut == std::string::npos)
+        return false;
+    auto index = IntegerOf(std::string_view(rest).substr(cut + 1));
+    std::string path(rest.substr(0, cut));
+    while (!path.empty() && IsSpace(path.back()))
+        path.pop_back();
+    if (!index || (*index != 1 && *index != 2) || path.empty())
+        return false;
+    s.ui.saveChoices.emplace_back(SaveDialogResult{path, static_cast<int>(*index)});
+    return true;
+}
+
+// Typing into a text box; a disabled one takes nothing, as on screen.
+bool SetText(std::ostream &out, Control *c, const ScriptArgs &a) {
+    if (!c)
+        return false;
+    if (!c->enabled)
+        out << "ignored|set " << Cp1252ToUtf8(a.text[0]) << '\n';
+    else
+        c->text = a.Has(1) ? a.text[1] : "";
+    return true;
+}
+
+bool Option(Session &s, const ScriptArgs &a) {
+    auto k = IndexOf(a.text[0], "OpzMetodo", 0, 3);
+    if (!k)
+        return false;
+    for (int i = 0; i < 4; ++i)
+        s.p.form.OpzMetodo[i].checked = i == *k;
+    return true;
+}
+
+bool Key(Session &s, const ScriptArgs &a) {
+    if (a.text[0] == "Enter")
+        Risposta_KeyDown(s.p, 13);
+    else if (a.text[0] == "Esc")
+        Interrompi_Click(s.p);
+    else
+        return false;
+    return true;
+}
+
+// The mouse on Disegno: buttons 1 left, 2 right, 4 middle (a mask while moving).
+bool Mouse(Session &s, const ScriptArgs &a, char kind) {
+    const double x = a.number[0], y = a.number[1];
+    const bool given = a.Has(2);
+    const int button = given ? a.Int(2) : kLeftButton;
+    const int shift = a.Has(3) ? a.Int(3) : 0;
+    const bool single = button == kLeftButton || button == kRightButton || button == kMiddleButton;
+    if ((kind == 'm' ? button < 0 || button > 7 : !single) || shift < 0 || shift > 7)
+        return false;
+    Program &p = s.p;
+    switch (kind) {
+    case 'd':
+        Disegno_MouseDown(p, button, shift, x, y);
+        break;
+    case 'u':
+        Disegno_MouseUp(p, button, shift, x, y);
+        break;
+    case 'm':
+        Disegno_MouseMove(p, given ? button : 0, shift, x, y);
+        break;
+    case 'c':
+        Disegno_MouseDown(p, button, shift, x, y);
+        Disegno_MouseUp(p, button, shift, x, y);
+        break;
+    default: // a double click: the press and release that come before it, then its own release
+        Disegno_MouseDown(p, button, shift, x, y);
+        Disegno_MouseUp(p, button, shift, x, y);
+        Disegno_DblClick(p, button);
+        Disegno_MouseUp(p, button, shift, x, y);
+        break;
+    }
+    return true;
+}
+
+bool ClickNode(Session &s, const ScriptArgs &a) {
+    const Program &p = s.p;
+    const StructureModel &m = p.model;
+    for (int i = 0; i < m.nodeCount; ++i) {
+        const Node &n = m.nodes[i];
+        if (std::to_string(n.name) == a.text[0] && IsLive(n) && p.view.nodeShown[i]) {
+            const double x = ProjectedXOf(p.view, n.pointIndex);
+            const double y = ProjectedYOf(p.view, n.pointIndex);
+            Disegno_MouseDown(s.p, kLeftButton, 0, x, y);
+            Disegno_MouseUp(s.p, kLeftButton, 0, x, y);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Resize(Session &s, const ScriptArgs &a) {
+    s.p.form.width = a.number[0];
+    s.p.form.height = a.number[1];
+    LayOutForm(s.p);
+    return true;
+}
+
+bool Button(Session &s, const ScriptArgs &a) {
+    for (const ToolbarButton &b : ToolbarButtons()) {
+        if (a.text[0] != b.key)
+            continue;
+        if (!RunToolbarButton(s.p, b.key))
+            s.out << "ignored|button " << Cp1252ToUtf8(a.text[0]) << '\n';
+        return true;
+    }
+    return false;
+}
+
+// ---- an open dialog
+
+bool DialogClick(DialogLine &d, std::string_view name, const char *verb) {
+    Control *c = d.dialog.Find(name);
+    if (!c)
+        return false;
+    if (!c->enabled) {
+        d.session.out << "ignored|" << verb << Cp1252ToUtf8(name) << '\n';
+        return true;
+    }
+    d.dialog.Click(name);
+    return true;
+}
+
+bool DialogCheck(DialogLine &d, const ScriptArgs &a) {
+    Control *c = d.dialog.Find(a.text[0]);
+    bool on = false;
+    if (!c || !Flag01(a.text[1], on))
+        return false;
+    if (!c->enabled) {
+        d.session.out << "ignored|check " << Cp1252ToUtf8(a.text[0]) << '\n';
+        return true;
+    }
+    if (c->checked != on) { // a click that changes the state, then the button's release
+        c->checked = on;
+        d.dialog.Click(a.text[0]);
+        d.dialog.MouseUp(a.text[0]);
+    }
+    return true;
+}
+
+bool DialogOption(DialogLine &d, const ScriptArgs &a) {
+    Control *c = d.dialog.Find(a.text[0]);
+    if (!c)
+        return false;
+    if (!c->enabled) {
+        d.session.out << "ignored|option " << Cp1252ToUtf8(a.text[0]) << '\n';
+        return true;
+    }
+    c->checked = true;
+    d.dialog.Click(a.text[0]);
+    return true;
+}
+
+template <typename Target>
+bool RunLine(const std::vector<Verb<Target>> &verbs, Target &target, std::string_view line) {
+    auto [word, rest] = SplitVerb(line);
+    for (const Verb<Target> &v : verbs) {
+        if (word != v.name)
+            continue;
+        auto args = ParseArgs(rest, v.args);
+        return args && v.run(target, *args);
+    }
+    return false;
+}
+
+template <typename Target>
+void AppendTable(std::string &out, const std::vector<Verb<Target>> &verbs) {
+    out += "| line | effect |\n|---|---|\n";
+    for (const Verb<Target> &v : verbs)
+        out += std::string("| ") + v.usage + " | " + v.effect + " |\n";
+}
+
+constexpr ArgSpec kWord{ArgKind::Word};
+constexpr ArgSpec kNumber{ArgKind::Number};
+constexpr ArgSpec kOptionalInteger{ArgKind::Integer, true};
+constexpr ArgSpec kText{ArgKind::Text};
+constexpr ArgSpec kOptionalText{ArgKind::Text, true};
+
+} // namespace
+
+std::pair<std::string_view, std::string_view> SplitVerb(std::string_view line) {
+    line = SkipSpaces(line);
+    std::size_t end = 0;
+    while (end < line.size() && !IsSpace(line[end]))
+        ++end;
+    return {line.substr(0, end), line.substr(end)};
+}
+
+std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgSpec> specs) {
+    ScriptArgs args;
+    for (const ArgSpec &spec : specs) {
+        rest = SkipSpaces(rest);
+        if (spec.kind == ArgKind::Text) {
+            std::string_view text = rest;
+            while (!text.empty() && IsSpace(text.back()))
+                text.remove_suffix(1);
+            if (text.empty() && !spec.optional)
+                return std::nullopt;
+            if (!text.empty()) {
+                args.text.emplace_back(text);
+                args.number.push_back(0);
+            }
+            return args;
+        }
+        auto [word, after] = SplitVerb(rest);
+        if (word.empty()) {
+            if (spec.optional)
+                break;
+            return std::nullopt;
+        }
+        double value = 0;
+        if (spec.kind != ArgKind::Word) {
+            auto v = spec.kind == ArgKind::Integer ? IntegerOf(word) : StrictNumber(word);
+            if (!v || !std::isfinite(*v))
+                return std::nullopt;
+            value = *v;
+        }
+        args.text.emplace_back(word);
+        args.number.push_back(value);
+        rest = after;
+    }
+    if (!SkipSpaces(rest).empty())
+        return std::nullopt;
+    return args;
+}
+
+const std::vector<Verb<Session>> &WindowVerbs() {
+    static const std::vector<Verb<Session>> verbs = {
+        {"dump",
+         "`dump WHAT`",
+         "`folders`, `options`, `model`, `controls`, `view`, `connection` or `buffers`: the "
+         "state as text (formats below)",
+         {kWord},
+         Dump},
+        {"set",
+         "`set CONTROL TEXT`",
+         "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`",
+         {kWord, kOptionalText},
+         [](Session &s, const ScriptArgs &a) {
+             return SetText(s.out, FindControl(s.p.form, a.text[0]), a);
+         }},
+        {"check",
+         "`check CONTROL 0\\|1`",
+         "a check box: `check analLun 0`",
+         {kWord, kWord},
+         [](Session &s, const ScriptArgs &a) {
+             Control *c = FindControl(s.p.form, a.text[0]);
+             bool on = false;
+             if (!c || !Flag01(a.text[1], on))
+                 return false;
+             c->checked = on;
+             return true;
+         }},
+        {"option",
+         "`option OpzMetodo(I)`",
+         "selects one of the four analogy methods, I = 0..3",
+         {kWord},
+         Option},
+        {"key",
+         "`key Enter` / `key Esc`",
+         "Enter in the answer line `Risposta`; Esc on the window",
+         {kWord},
+         Key},
+        {"down",
+         "`down X Y [BUTTON [SHIFT]]`",
+         "mouse press on the drawing `Disegno`, X and Y in drawing units; BUTTON 1 left "
+         "(default), 2 right, 4 middle; SHIFT 1 shift, 2 ctrl, 4 alt",
+         {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'd'); }},
+        {"up",
+         "`up X Y [BUTTON [SHIFT]]`",
+         "mouse release on the drawing",
+         {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'u'); }},
+        {"move",
+         "`move X Y [BUTTONS [SHIFT]]`",
+         "mouse move on the drawing, BUTTONS the buttons held (a sum of 1, 2, 4; none by "
+         "default)",
+         {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'm'); }},
+        {"click",
+         "`click X Y [BUTTON [SHIFT]]`",
+         "press and release on the drawing",
+         {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'c'); }},
+        {"dblclick",
+         "`dblclick X Y [BUTTON [SHIFT]]`",
+         "double click on the drawing",
+         {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'b'); }},
+        {"clicknode",
+         "`clicknode NAME`",
+         "a left click at the projected position of the first live, shown node with that name",
+         {kWord},
+         ClickNode},
+        {"label",
+         "`label K`",
+         "a click on the bar-type label `LabelTipo(K)` of the base-node schema, K = 1..30",
+         {ArgSpec{ArgKind::Integer}},
+         [](Session &s, const ScriptArgs &a) {
+             if (a.Int(0) < 1 || a.Int(0) > 30)
+                 return false;
+             LabelTipo_Click(s.p, a.Int(0));
+             return true;
+         }},
+        {"wheel",
+         "`wheel N`",
+         "N wheel steps on the drawing (positive zooms in)",
+         {ArgSpec{ArgKind::Integer}},
+         [](Session &s, const ScriptArgs &a) {
+             WheelZoom(s.p, a.Int(0));
+             return true;
+         }},
+        {"resize",
+         "`resize W H`",
+         "the window's outer size in twips (15 twips per pixel at 96 dpi)",
+         {kNumber, kNumber},
+         Resize},
+        {"button",
+         "`button KEY`",
+         "an icon-bar button by its key, e.g. `button Zoom`",
+         {kWord},
+         Button},
+        {"answer",
+         "`answer OK` / `answer Cancel`",
+         "queues the answer of the next question",
+         {kWord},
+         [](Session &s, const ScriptArgs &a) { return Answer(s.ui, a); }},
+        {"savefile",
+         "`savefile PATH INDEX` / `savefile cancel`",
+         "queues the choice of the next save dialog: the file (blanks allowed) and its type, 1 "
+         "drawing (.dis), 2 DXF; nothing queued counts as cancel",
+         {kText},
+         SaveFileChoice},
+        {"colour",
+         "`colour R G B` / `colour cancel`",
+         "queues the answer of the next colour chooser (R, G, B = 0..255); nothing queued counts "
+         "as cancel",
+         {kWord, ArgSpec{ArgKind::Word, true}, ArgSpec{ArgKind::Word, true}},
+         [](Session &s, const ScriptArgs &a) { return Colour(s.ui, a); }},
+        {"pickbox",
+         "`pickbox TEXT`",
+         "queues the text typed in the next pick-box dialog (`Trappola`), which then closes with "
+         "\"Chiudi\"; without one the dialog takes the next lines",
+         {kOptionalText},
+         [](Session &s, const ScriptArgs &a) {
+             s.ui.pickBoxTexts.push_back(a.Has(0) ? a.text[0] : "");
+             return true;
+         }},
+        {"screenshot",
+         "`screenshot FILE.png`",
+         "saves a picture of the window as drawn",
+         {kText},
+         [](Session &s, const ScriptArgs &a) {
+             s.host.Sync(s.p);
+             return s.host.Screenshot(s.p, Cp1252ToUtf8(a.text[0]));
+         }},
+    };
+    return verbs;
+}
+
+const std::vector<Verb<DialogLine>> &DialogVerbs() {
+    static const std::vector<Verb<DialogLine>> verbs = {
+        {"set",
+         "`set CONTROL TEXT`",
+         "the text of one of the dialog's text boxes",
+         {kWord, kOptionalText},
+         [](DialogLine &d, const ScriptArgs &a) {
+             return SetText(d.session.out, d.dialog.Find(a.text[0]), a);
+         }},
+        {"check",
+         "`check CONTROL 0\\|1`",
+         "a check box: a user's click (with its release) when the state differs, nothing "
+         "otherwise",
+         {kWord, kWord},
+         DialogCheck},
+        {"option",
+         "`option NAME`",
+         "selects an option button: `option EvColNonSel`",
+         {kWord},
+         DialogOption},
+        {"button",
+         "`button NAME`",
+         "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
+         "(FormOptInt)",
+         {kWord},
+         [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
+        {"click",
+         "`click LabelCol(I)`",
+         "a click on text colour swatch I = 1..9",
+         {kWord},
+         [](DialogLine &d, const ScriptArgs &a) {
+             return IndexOf(a.text[0], "LabelCol", 1, 9) && DialogClick(d, a.text[0], "click ");
+         }},
+        {"key",
+         "`key Esc`",
+         "closes the dialog without taking anything over",
+         {kWord},
+         [](DialogLine &d, const ScriptArgs &a) {
+             if (a.text[0] != "Esc")
+                 return false;
+             d.dialog.Escape();
+             return true;
+         }},
+        {"dump",
+         "`dump controls`",
+         "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
+         "`FormOptInt.caption=`)",
+         {kWord},
+         [](DialogLine &d, const ScriptArgs &a) {
+             if (a.text[0] != "controls")
+                 return false;
+             DumpDialogControls(d.dialog, d.session.out);
+             return true;
+         }},
+        {"answer",
+         "`answer OK` / `answer Cancel`",
+         "as in the window",
+         {kWord},
+         [](DialogLine &d, const ScriptArgs &a) { return Answer(d.session.ui, a); }},
+        {"colour",
+         "`colour R G B` / `colour cancel`",
+         "as in the window: for the `Modifica` buttons",
+         {kWord, ArgSpec{ArgKind::Word, true}, ArgSpec{ArgKind::Word, true}},
+         [](DialogLine &d, const ScriptArgs &a) { return Colour(d.session.ui, a); }},
+        {"screenshot",
+         "`screenshot FILE.png`",
+         "saves a picture of the dialog",
+         {kText},
+         [](DialogLine &d, const ScriptArgs &a) {
+             return d.session.host.Screenshot(d.dialog, Cp1252ToUtf8(a.text[0]));
+         }},
+    };
+    return verbs;
+}
+
+bool RunWindowLine(ScriptSession &s, std::string_view line) {
+    auto [word, rest] = SplitVerb(line);
+    // A menu item by its name, alone on its line.
+    if (SkipSpaces(rest).empty() && IsMenuItem(word)) {
+        if (!RunMenuItem(s.p, word))
+            s.out << "ignored|" << Cp1252ToUtf8(word) << '\n';
+        return true;
+    }
+    return RunLine(WindowVerbs(), s, line);
+}
+
+bool RunDialogLine(ScriptSession &s, Dialog &dialog, std::string_view line) {
+    DialogLine target{s, dialog};
+    return RunLine(DialogVerbs(), target, line);
+}
+
+std::string ScriptLanguageTables() {
+    std::string out;
+    AppendTable(out, WindowVerbs());
+    out +=
+        "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
+    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`) is open, the lines act on it until it "
+           "closes:\n\n";
+    AppendTable(out, DialogVerbs());
+    return out;
+}
+
+} // namespace vorna

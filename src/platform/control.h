@@ -1,0 +1,25 @@
+// One control, menu item or button of a window as data: the properties that behaviour reads
+// and writes, which each front end shows.
+#pragma once
+
+#include "platform/canvas.h"
+#include "platform/ui.h"
+
+#include <string>
+
+namespace vorna {
+
+// Sizes are twips; texts are Windows-1252.
+struct Control {
+    std::string caption;
+    std::string text;
+    std::string tooltip;
+    bool checked = false;
+    bool enabled = true;
+    bool visible = true;
+    Rgb backColour = 0;
+    Pointer pointer = Pointer::Default;
+    double left = 0, top = 0, width = 0, height = 0;
+};
+
+} // namespace vorna

@@ -1,0 +1,41 @@
+// A modal dialog as data: its controls by name and the events that a front end forwards to it
+// while it is open.
+#pragma once
+
+#include "platform/control.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace vorna {
+
+class Dialog {
+public:
+    virtual ~Dialog() = default;
+    // The form's name ("FormOpt") and its caption.
+    virtual std::string_view Name() const = 0;
+    virtual std::string_view Caption() const = 0;
+    // Every control in a fixed order with its name ("LabelCol(3)").
+    virtual void ForEachControl(const std::function<void(std::string_view, Control &)> &fn) = 0;
+    // A user's click on an enabled control: a button, a swatch, or a check box or option button
+    // whose state the front end has just changed.
+    virtual void Click(std::string_view control) = 0;
+    // The mouse button released on a control.
+    virtual void MouseUp(std::string_view /*control*/) {}
+    // Esc released: the dialog closes without taking anything over.
+    virtual void Escape() { closed = true; }
+
+    Control *Find(std::string_view name) {
+        Control *found = nullptr;
+        ForEachControl([&](std::string_view n, Control &c) {
+            if (!found && n == name)
+                found = &c;
+        });
+        return found;
+    }
+
+    bool closed = false;
+};
+
+} // namespace vorna

@@ -1,0 +1,43 @@
+// The two options dialogs as real modal Qt dialogs, built for a Dialog as data and bound to its
+// controls by name: each user action goes to the dialog and its new state comes back.
+#pragma once
+
+#include "platform/dialog.h"
+#include "ui/qt/control_binding.h"
+
+#include <QDialog>
+
+#include <vector>
+
+namespace vorna::qt {
+
+class DialogWindow : public QDialog {
+    Q_OBJECT
+public:
+    DialogWindow(Dialog &dialog, QWidget *parent);
+
+protected:
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void reject() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *Bind(const std::string &name, QWidget *widget,
+                  BindingStyle style = BindingStyle::Plain);
+    QWidget *Button(const std::string &name);
+    QWidget *Check(const std::string &name);
+    QWidget *Option(const std::string &name);
+    QWidget *Swatch(const std::string &name, QWidget *parent = nullptr);
+    QWidget *Field(const std::string &name);
+    QWidget *Text(const std::string &name);
+    void BuildFormOpt();
+    void BuildFormOptInt();
+    // The widgets' edits into the controls, the event, then the controls back onto the widgets.
+    void Raise(const std::string &control, bool mouseUp = false);
+    void Show();
+
+    Dialog &dialog_;
+    std::vector<Binding> bindings_;
+};
+
+} // namespace vorna::qt
