@@ -1,5 +1,5 @@
-// Entry point: the Qt window, or the script runner with --script (on the real window when the
-// program is built with Qt, headless otherwise).
+// Entry point: the Qt window, or the script runner with --script on the real window; built
+// without Qt it is vorna-batch, which runs scripts on surfaces that draw nothing.
 #include "app/script_runner.h"
 #include "platform/native_path.h"
 #include "platform/process.h"
@@ -90,7 +90,7 @@ int main(int argc, char **argv) {
     if (script)
         return vorna::RunScript(vorna::PathFromUtf8(arguments[1]), CommandLine(arguments, 2),
                                 std::cout);
-    std::cerr << "usage: vorna --script FILE \"|diroot=ROOT|\"\n";
+    std::cerr << "usage: vorna-batch --script FILE \"|diroot=ROOT|\"\n";
     return 2;
 #endif
 }

@@ -69,6 +69,12 @@ public:
     int exitStatus = -1;
 };
 
+// Writes bytes to a file, creating its folders.
+inline void WriteBytes(const std::filesystem::path &p, const std::string &bytes) {
+    std::filesystem::create_directories(p.parent_path());
+    std::ofstream(p, std::ios::binary) << bytes;
+}
+
 // A fresh folder under the system's temporary folder, removed when the test ends.
 class TempDir {
 public:
@@ -83,9 +89,7 @@ public:
     const std::filesystem::path &path() const { return path_; }
     // Writes bytes to a file below the folder, creating its folders.
     void Write(const std::string &relative, const std::string &bytes) const {
-        auto p = path_ / relative;
-        std::filesystem::create_directories(p.parent_path());
-        std::ofstream(p, std::ios::binary) << bytes;
+        WriteBytes(path_ / relative, bytes);
     }
 
 private:
