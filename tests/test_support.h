@@ -1,9 +1,11 @@
-// Shared test fakes: a Ui that records messages and answers from a queue, and temporary folders.
+// Shared test fakes: a Ui that records messages and answers from a queue, temporary folders and
+// commands run through the shell.
 #pragma once
 
 #include "platform/dialog.h"
 #include "platform/ui.h"
 
+#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -95,6 +97,16 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+// Runs a command line through the system's shell and returns its status. cmd.exe drops the
+// first and the last quote of a line that starts with one: the line gets one more pair there.
+inline int RunCommand(const std::string &command) {
+#ifdef _WIN32
+    return std::system(('"' + command + '"').c_str());
+#else
+    return std::system(command.c_str());
+#endif
+}
 
 inline std::string ReadBytes(const std::filesystem::path &p) {
     std::ifstream in(p, std::ios::binary);
