@@ -221,6 +221,9 @@ void FormOptDialog::Click(std::string_view control) {
     } else if (control == "Chiudi") {
         AggiornaOpzioni(form, options_);
         closed = true;
+    } else if (control == "EvColSel" || control == "EvColNonSel") { // one of the two
+        form.EvColSel.checked = control == "EvColSel";
+        form.EvColNonSel.checked = !form.EvColSel.checked;
     } else if (control == "CheckSpGus") {
         CheckSpGus_Click(form);
     } else if (control.starts_with("LabelCol(")) {
