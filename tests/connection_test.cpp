@@ -2,8 +2,10 @@
 // the schema and the connection commands, with differential tests of the fast structures
 // against the procedures as written on random frames.
 #include "app/commands.h"
+#include "connection/assignment.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
+#include "connection/rotation_match.h"
 #include "exchange/result_file.h"
 #include "recording_canvas.h"
 #include "test_support.h"
@@ -12,7 +14,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
+#include <numbers>
+#include <numeric>
 #include <random>
 
 namespace vorna {
@@ -133,7 +138,7 @@ TEST(Analogy, DirectionsLengthsAndMethods) {
     EXPECT_EQ(f.Test(longer, identical), 0);
     EXPECT_EQ(f.Test(longer, byDirection), 1);
     EXPECT_EQ(f.Test(turned, identical), 0);
-    EXPECT_EQ(f.Test(turned, Params(AnalogyMethod::Any)), 0);
+    EXPECT_EQ(f.Test(fewer, Params(AnalogyMethod::Any, false)), 0);
     EXPECT_EQ(f.Test(turned, mirrored), 1);
     EXPECT_EQ(f.Test(same, identical), 1); // listed already: still 1, list unchanged
     EXPECT_EQ(f.Listed(), (std::vector<int>{base, same, more, longer, turned}));
@@ -171,6 +176,284 @@ TEST(Analogy, SharedBarsZeroLengthsPropertiesAndTheHundredBarLimit) {
     ASSERT_EQ(f.ui.messages.size(), 1u);
     EXPECT_EQ(f.ui.messages[0].title, "Problema");
     EXPECT_EQ(f.ui.messages[0].text, " Numero eccessivo di potenziali aste base ");
+}
+
+int Roll(std::mt19937 &rng, int n) {
+    return static_cast<int>(rng() % static_cast<unsigned>(n));
+}
+
+// v turned by angle about the unit axis (Rodrigues).
+Vec3 Turned(const Vec3 &v, const Vec3 &axis, double angle) {
+    const Vec3 across = Cross(axis, v);
+    const double along = Dot(axis, v) * (1 - std::cos(angle));
+    return {v[0] * std::cos(angle) + across[0] * std::sin(angle) + axis[0] * along,
+            v[1] * std::cos(angle) + across[1] * std::sin(angle) + axis[1] * along,
+            v[2] * std::cos(angle) + across[2] * std::sin(angle) + axis[2] * along};
+}
+
+Vec3 UnitOf(const Vec3 &v) {
+    return Scaled(v, 1 / Norm(v));
+}
+
+TEST(Analogy, RotatedJointsAreFoundMirrorImagesAndBentOnesAreNot) {
+    std::mt19937 rng(7);
+    std::uniform_real_distribution<double> any(-1, 1), angle(0.1, 6.2);
+    for (int round = 0; round < 20; ++round) {
+        Frame f;
+        std::vector<Vec3> bars;
+        for (int k = 0; k < 5; ++k)
+            bars.push_back(Scaled({any(rng), any(rng), any(rng)}, 3));
+        const Vec3 axis = UnitOf({any(rng), any(rng), any(rng)});
+        const Vec3 normal = UnitOf({any(rng), any(rng), any(rng)});
+        const double turn = angle(rng);
+        // Turned about an oblique axis, listed in another order after an extra bar.
+        std::vector<int> order = {3, 0, 4, 1, 2};
+        std::vector<Vec3> turned = {{0, 0, 2}}, mirror, bent;
+        for (int k : order)
+            turned.push_back(Turned(bars[k], axis, turn));
+        for (const Vec3 &b : bars) {
+            mirror.push_back(Sub(b, Scaled(normal, 2 * Dot(b, normal))));
+            bent.push_back(Turned(b, axis, turn));
+        }
+        bent[2] = Turned(bent[2], UnitOf(Cross(bent[2], axis)), 0.05); // three degrees off
+        const int base = f.Joint(0, 0, 0, bars, 1), firstTurned = f.m->barCount;
+        const int t = f.Joint(20, 0, 0, turned, 2), m = f.Joint(40, 0, 0, mirror, 3),
+                  b = f.Joint(60, 0, 0, bent, 4);
+        // Every coordinate off by up to 0.00007: the turn still fits every bar within the
+        // tolerance, though the rotation through two of them may not.
+        std::vector<Vec3> shaky;
+        for (const Vec3 &v : turned)
+            shaky.push_back(
+                {v[0] + 7e-5 * any(rng), v[1] + 7e-5 * any(rng), v[2] + 7e-5 * any(rng)});
+        const int written = f.Joint(80, 0, 0, shaky, 5);
+        f.Project();
+        f.ChooseBase(base);
+        EXPECT_EQ(f.Test(written, Params(AnalogyMethod::Rotated)), 1);
+        for (bool lengths : {true, false}) {
+            ASSERT_EQ(f.Test(t, Params(AnalogyMethod::Rotated, lengths)), 1);
+            const AnalogousNode &r = f.s.analogousNodes.back();
+            for (int k = 0; k < 5; ++k) // after the extra bar, in the order they were turned
+                EXPECT_EQ(r.bars[k],
+                          firstTurned + 1 +
+                              (std::find(order.begin(), order.end(), k) - order.begin()));
+            EXPECT_EQ(f.Test(m, Params(AnalogyMethod::Rotated, lengths)), 0);
+            EXPECT_EQ(f.Test(b, Params(AnalogyMethod::Rotated, lengths)), 0);
+            EXPECT_EQ(f.Test(m, Params(AnalogyMethod::Any, lengths)), 1);
+            EXPECT_EQ(f.Test(b, Params(AnalogyMethod::Any, lengths)), 1);
+            ClearAnalogous(f.s);
+        }
+    }
+}
+
+// A pairing of distinct candidates for the base vectors, in lexicographic order.
+bool NextPairing(std::vector<int> &pairing, int candidates) {
+    for (int k = static_cast<int>(pairing.size()) - 1; k >= 0; --k) {
+        for (int c = pairing[k] + 1; c < candidates; ++c) {
+            if (std::find(pairing.begin(), pairing.begin() + k, c) != pairing.begin() + k)
+                continue;
+            pairing[k] = c;
+            // The rest as small as they go.
+            bool complete = true;
+            for (std::size_t r = k + 1; r < pairing.size() && complete; ++r) {
+                complete = false;
+                for (int d = 0; d < candidates && !complete; ++d)
+                    if (std::find(pairing.begin(), pairing.begin() + r, d) == pairing.begin() + r)
+                        pairing[r] = d, complete = true;
+            }
+            return complete;
+        }
+    }
+    return false;
+}
+
+std::vector<int> FirstPairing(int n) {
+    std::vector<int> p(n);
+    std::iota(p.begin(), p.end(), 0);
+    return p;
+}
+
+// The first pairing, in lexicographic order, whose least-squares rotation fits every pair.
+std::optional<std::vector<int>> RotatedByEnumeration(const std::vector<Vec3> &base,
+                                                     const std::vector<Vec3> &candidates) {
+    const int n = static_cast<int>(base.size()), m = static_cast<int>(candidates.size());
+    if (n > m)
+        return std::nullopt;
+    std::vector<int> p = FirstPairing(n);
+    do {
+        std::vector<Vec3> to;
+        for (int c : p)
+            to.push_back(candidates[c]);
+        const Rotation r = BestFitRotation(base, to);
+        bool fits = true;
+        for (int k = 0; k < n; ++k)
+            fits = fits && AllBelow(Sub(Rotate(r, base[k]), to[k]), 0.0001);
+        if (fits)
+            return p;
+    } while (NextPairing(p, m));
+    return std::nullopt;
+}
+
+TEST(RotatedMatch, BestFitCollinearBasesAndTheFirstPairingAgainstEnumeration) {
+    std::mt19937 rng(11);
+    std::uniform_real_distribution<double> any(-1, 1);
+    const Vec3 axis = UnitOf({0.3, -0.5, 0.8});
+    std::vector<Vec3> from, to;
+    for (int k = 0; k < 4; ++k) {
+        from.push_back({any(rng), any(rng), any(rng)});
+        to.push_back(Turned(from.back(), axis, 2.5));
+    }
+    const Rotation r = BestFitRotation(from, to);
+    for (int k = 0; k < 4; ++k)
+        EXPECT_TRUE(AllBelow(Sub(Rotate(r, from[k]), to[k]), 1e-12));
+
+    // Collinear base bars: any rotation onto the candidates' line does.
+    const Vec3 w = UnitOf({1, 2, 2});
+    const std::vector<std::optional<Vec3>> line = {Vec3{0, 3, 0}, Scaled(w, -1), Scaled(w, 2),
+                                                   std::nullopt, Vec3{0, 0, -2}};
+    EXPECT_EQ(MatchRotated({{2, 0, 0}, {-1, 0, 0}}, line), (std::vector<int>{2, 1}));
+    EXPECT_EQ(MatchRotated({{0, 0, 1}, {0, 0, -2}}, line), (std::vector<int>{1, 2}));
+    EXPECT_EQ(MatchRotated({{0, 0, 1}, {0, 0, 1}}, line), std::nullopt);
+    // Base bar 1 takes the earliest candidate a rotation allows, not the identity's.
+    EXPECT_EQ(MatchRotated({{1, 0, 0}, {0, 1, 0}},
+                           {Vec3{0, 0, 1}, Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, -1}}),
+              (std::vector<int>{0, 1}));
+
+    // Turned joints whose every component is off by up to 0.00009: the turn fits them all, and
+    // the search may miss only the odd one at that edge of the tolerance.
+    int found = 0;
+    for (int round = 0; round < 300; ++round) {
+        std::vector<Vec3> base;
+        std::vector<std::optional<Vec3>> turned;
+        const Vec3 about = UnitOf({any(rng), any(rng), any(rng)});
+        const double angle = 3 * any(rng);
+        for (int k = 2 + Roll(rng, 5); k > 0; --k) {
+            base.push_back(Scaled({any(rng), any(rng), any(rng)}, 300));
+            Vec3 t = Turned(base.back(), about, angle);
+            for (double &x : t)
+                x += 9e-5 * any(rng);
+            turned.push_back(t);
+        }
+        found += MatchRotated(base, turned).has_value();
+    }
+    EXPECT_GE(found, 297);
+
+    // Lattice joints, often symmetric, against a cube rotation of them with extra bars.
+    auto lattice = [&] {
+        Vec3 v{0, 0, 0};
+        while (Norm(v) == 0)
+            v = {Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0};
+        return Scaled(v, 1.0 + Roll(rng, 2));
+    };
+    for (int round = 0; round < 400; ++round) {
+        const int n = 1 + Roll(rng, 4);
+        std::vector<Vec3> base, candidates;
+        for (int k = 0; k < n; ++k)
+            base.push_back(lattice());
+        const Vec3 cube =
+            std::array<Vec3, 4>{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 1}}}[Roll(rng, 4)];
+        const double quarter = std::numbers::pi / 2 * Roll(rng, 4);
+        for (const Vec3 &b : base)
+            candidates.push_back(Roll(rng, 5) ? Turned(b, UnitOf(cube), quarter) : lattice());
+        for (int extra = Roll(rng, 3); extra > 0; --extra)
+            candidates.push_back(lattice());
+        std::shuffle(candidates.begin(), candidates.end(), rng);
+        if (Roll(rng, 2)) {
+            for (Vec3 &b : base)
+                b = UnitOf(b);
+            for (Vec3 &c : candidates)
+                c = UnitOf(c);
+        }
+        const std::vector<std::optional<Vec3>> offered(candidates.begin(), candidates.end());
+        ASSERT_EQ(MatchRotated(base, offered), RotatedByEnumeration(base, candidates))
+            << "round " << round;
+    }
+}
+
+// "Nodi qualsiasi" by enumeration: the smallest sum of angles over the allowed pairings, the
+// first in lexicographic order among sums that tie.
+std::optional<std::vector<int>> AnyByEnumeration(const Joint &base, const Joint &candidate,
+                                                 bool lengths) {
+    const int n = static_cast<int>(base.bars.size()), m = static_cast<int>(candidate.bars.size());
+    if (n > m)
+        return std::nullopt;
+    std::optional<std::vector<int>> best;
+    double bestSum = 0;
+    std::vector<int> p = FirstPairing(n);
+    do {
+        double sum = 0;
+        bool allowed = true;
+        for (int k = 0; k < n && allowed; ++k) {
+            const JointBar &b = base.bars[k], &c = candidate.bars[p[k]];
+            const auto u = DirectionOf(b), v = DirectionOf(c);
+            allowed = u && v && (!lengths || std::fabs(b.length - c.length) < 0.0001);
+            if (allowed)
+                sum += std::acos(std::clamp(Dot(*u, *v), -1.0, 1.0));
+        }
+        if (allowed && (!best || sum < bestSum - 1e-7))
+            best = p, bestSum = sum;
+    } while (NextPairing(p, m));
+    return best;
+}
+
+TEST(AnyMatch, PairingAgainstEnumerationOnSmallJoints) {
+    std::mt19937 rng(5);
+    std::uniform_real_distribution<double> any(-1, 1);
+    auto model = std::make_unique<StructureModel>();
+    auto bar = [&](int index) {
+        JointBar b;
+        b.bar = static_cast<std::int16_t>(index);
+        const int kind = Roll(rng, 12);
+        if (kind == 0) // meets the node only in the projection
+            return b;
+        Vec3 v = kind < 6 ? Vec3{any(rng), any(rng), any(rng)}
+                          : Vec3{Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0, 1.0};
+        v = kind == 1 ? Vec3{0, 0, 0} : Scaled(v, 1.0 + Roll(rng, 2));
+        b.vector = v;
+        b.length = Norm(v);
+        return b;
+    };
+    int accepted = 0;
+    for (int round = 0; round < 600; ++round) {
+        Joint base{0, {}}, candidate{1, {}};
+        const int n = 1 + Roll(rng, 4), m = n + Roll(rng, 3);
+        for (int k = 0; k < n; ++k)
+            base.bars.push_back(bar(k));
+        for (int c = 0; c < m; ++c)
+            candidate.bars.push_back(bar(10 + c));
+        AnalogyParameters params = Params(AnalogyMethod::Any, Roll(rng, 2) == 1);
+        const AnalogyMatch match = MatchAnalogy(*model, base, candidate, params);
+        const auto expected = AnyByEnumeration(base, candidate, params.compareLengths);
+        ASSERT_EQ(match.outcome == AnalogyOutcome::Analogous, expected.has_value());
+        if (!expected)
+            continue;
+        ++accepted;
+        for (int k = 0; k < n; ++k)
+            ASSERT_EQ(match.record.bars[k], 10 + (*expected)[k]) << "round " << round;
+    }
+    EXPECT_GT(accepted, 150);
+}
+
+TEST(AnyMatch, LargeJointsTakeTheAssignmentNotEnumeration) {
+    // A hundred bars fanned out, the base the same fan turned a little: every bar finds its
+    // own neighbour, in a time enumeration could never take.
+    auto model = std::make_unique<StructureModel>();
+    Joint base{0, {}}, candidate{1, {}};
+    for (int k = 0; k < 100; ++k) {
+        const double a = 2 * std::numbers::pi * k / 100;
+        const Vec3 v{std::cos(a), std::sin(a), 0.1 * (k % 7)};
+        candidate.bars.push_back({static_cast<std::int16_t>(k), v, Norm(v)});
+        const Vec3 w = Turned(v, {0, 0, 1}, 0.01);
+        base.bars.push_back({static_cast<std::int16_t>(k), w, Norm(w)});
+    }
+    std::rotate(candidate.bars.begin(), candidate.bars.begin() + 37, candidate.bars.end());
+    const AnalogyMatch match = MatchAnalogy(*model, base, candidate, Params(AnalogyMethod::Any));
+    ASSERT_EQ(match.outcome, AnalogyOutcome::Analogous);
+    for (int k = 0; k < 100; ++k)
+        EXPECT_EQ(match.record.bars[k], k);
+    // One bar too many at the candidate is the message's case, not a pairing.
+    candidate.bars.push_back(candidate.bars[0]);
+    EXPECT_EQ(MatchAnalogy(*model, base, candidate, Params(AnalogyMethod::Any)).outcome,
+              AnalogyOutcome::TooManyBars);
 }
 
 ConnectionInput ThreeTypes(const std::string &code) {
@@ -302,19 +585,59 @@ std::optional<Vec3> Compared(const StructureModel &m, int bar, int node, bool le
     return lengths ? BarVectorAtNode(m, bar, node) : UnitBarVector(m, bar, node);
 }
 
+// The pairing of "Nodi identici e ruotati" or "Nodi qualsiasi" from the bars the scan found;
+// the pairing functions themselves are checked against enumeration elsewhere.
+std::optional<std::vector<int>> OtherPairing(const StructureModel &m, const ConnectionState &s,
+                                             const std::vector<int> &candidates, int n,
+                                             const AnalogyParameters &params) {
+    const bool lengths = params.compareLengths;
+    if (params.method == AnalogyMethod::Rotated) {
+        std::vector<Vec3> base;
+        for (int k = 0; k < s.baseBarCount; ++k) {
+            auto b = Compared(m, s.baseBars[k], s.baseNode, lengths);
+            if (!b)
+                return std::nullopt;
+            base.push_back(*b);
+        }
+        std::vector<std::optional<Vec3>> vectors;
+        for (int c : candidates)
+            vectors.push_back(Compared(m, c, n, lengths));
+        return MatchRotated(base, vectors);
+    }
+    const int columns = static_cast<int>(candidates.size());
+    std::vector<double> angles(s.baseBarCount * columns);
+    std::vector<std::uint8_t> allowed(angles.size());
+    for (int k = 0; k < s.baseBarCount; ++k)
+        for (int c = 0; c < columns; ++c) {
+            auto u = UnitBarVector(m, s.baseBars[k], s.baseNode);
+            auto w = UnitBarVector(m, candidates[c], n);
+            if (u && w &&
+                (!lengths ||
+                 std::fabs(BarLength(m, s.baseBars[k]) - BarLength(m, candidates[c])) < 0.0001)) {
+                allowed[k * columns + c] = 1;
+                angles[k * columns + c] = std::atan2(Norm(Cross(*u, *w)), Dot(*u, *w));
+            }
+        }
+    return LexFirstCheapestAssignment(s.baseBarCount, columns, angles, allowed);
+}
+
 int TestAnalogy(const StructureModel &m, const ViewState &v, const ConnectionState &s,
                 std::vector<AnalogousNode> &list, const AnalogyParameters &params, int n,
                 int &messages) {
     std::vector<int> candidates = BarsAt(m, v, n);
     if (!HasUsableBaseNode(s) || candidates.size() > 100)
         return HasUsableBaseNode(s) ? (++messages, 0) : 0;
-    const bool mirrored = params.method != AnalogyMethod::Identical && n != s.baseNode;
-    if (static_cast<int>(candidates.size()) < s.baseBarCount ||
-        (mirrored && params.method != AnalogyMethod::IdenticalOrMirrored))
+    if (static_cast<int>(candidates.size()) < s.baseBarCount)
         return 0;
+    const bool identical = params.method == AnalogyMethod::Identical || n == s.baseNode;
+    const bool mirrored = !identical && params.method == AnalogyMethod::IdenticalOrMirrored;
     AnalogousNode record = Record(n, {});
+    if (!identical && !mirrored)
+        if (auto pairing = OtherPairing(m, s, candidates, n, params))
+            for (int c : *pairing)
+                record.bars[record.barCount++] = static_cast<std::int16_t>(candidates[c]);
     std::vector<bool> used(candidates.size());
-    for (int k = 0; k < s.baseBarCount; ++k) {
+    for (int k = 0; k < s.baseBarCount && (identical || mirrored); ++k) {
         auto b = Compared(m, s.baseBars[k], s.baseNode, params.compareLengths);
         for (std::size_t c = 0; b && c < candidates.size(); ++c) {
             auto w = Compared(m, candidates[c], n, params.compareLengths);

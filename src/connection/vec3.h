@@ -10,6 +10,9 @@ namespace vorna {
 
 using Vec3 = std::array<double, 3>;
 
+// Two numbers of the connection's geometry agree when they differ by less than this.
+constexpr double kAgreement = 0.0001;
+
 inline Vec3 ToVec(const Point &p) {
     return {p.x, p.y, p.z};
 }
