@@ -5,6 +5,7 @@
 #include "connection/assignment.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
+#include "connection/joint_types.h"
 #include "connection/rotation_match.h"
 #include "exchange/result_file.h"
 #include "recording_canvas.h"
@@ -725,6 +726,44 @@ TypeBarLists Classify(const StructureModel &m, ConnectionState &s, AnalogyMethod
     return lists;
 }
 
+// Every shown live node with bars tried against every head in order, each head chosen as base
+// node as the command does it and the node offered to the analogy test.
+JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
+                             const AnalogyParameters &params) {
+    JointTypeCatalogue catalogue;
+    auto s = std::make_unique<ConnectionState>();
+    test::RecordingUi ui;
+    MessageCatalogue messages;
+    FillMessageCatalogue(messages);
+    for (int n = 0; n < m.nodeCount; ++n) {
+        const std::vector<int> bars = BarsAt(m, v, n);
+        if (!IsLive(m.nodes[n]) || !v.nodeShown[n] || bars.empty())
+            continue;
+        if (bars.size() > 100) {
+            catalogue.overcrowded.push_back(n);
+            continue;
+        }
+        bool joined = false;
+        for (JointType &t : catalogue.types) {
+            if (BarsAt(m, v, t.nodes[0]).size() != bars.size())
+                continue;
+            s->baseNode = static_cast<std::int16_t>(t.nodes[0]);
+            GatherBaseBars(m, v, *s, ui, messages);
+            if (s->baseBarCount > 0 && TestAnalogy(m, v, *s, params, n, ui, messages)) {
+                t.nodes.push_back(n);
+                joined = true;
+                break;
+            }
+        }
+        if (!joined)
+            catalogue.types.push_back({static_cast<int>(bars.size()), {n}});
+    }
+    std::stable_sort(
+        catalogue.types.begin(), catalogue.types.end(),
+        [](const JointType &a, const JointType &b) { return a.nodes.size() > b.nodes.size(); });
+    return catalogue;
+}
+
 } // namespace reference
 
 // A small random frame on a lattice: repeated points, some moved by less than the tolerance
@@ -756,6 +795,29 @@ void RandomFrame(Frame &f, std::mt19937 &rng) {
     const double angles[3][3] = {{0, 0, 0}, {30, 30, 0}, {90, 0, 0}};
     const auto &a = angles[pick(3)];
     f.Project(a[0], a[1], a[2]);
+}
+
+// A regular lattice where most joints repeat, turned or not: bars along the axes, now and then
+// a diagonal, an unnamed bar or another colour; some points moved by less than the tolerance
+// so that lengths agree in chains (a ~ b, b ~ c, not a ~ c).
+void RepeatedJointsFrame(Frame &f, std::mt19937 &rng) {
+    constexpr int nx = 5, ny = 4, nz = 3;
+    for (int p = 0; p < nx * ny * nz; ++p) {
+        auto jitter = [&] { return Roll(rng, 12) == 0 ? (Roll(rng, 2) * 2 - 1) * 0.00007 : 0.0; };
+        f.Point(p % nx + jitter(), p / nx % ny + jitter(), p / (nx * ny) + jitter());
+        f.Node(p, p + 1);
+    }
+    auto at = [&](int x, int y, int z) {
+        return x < nx && y < ny && z < nz ? x + nx * (y + ny * z) : -1;
+    };
+    for (int p = 0; p < nx * ny * nz; ++p) {
+        const int x = p % nx, y = p / nx % ny, z = p / (nx * ny);
+        for (int to : {at(x + 1, y, z), at(x, y + 1, z), at(x, y, z + 1),
+                       Roll(rng, 6) ? -1 : at(x + 1, y, z + 1)})
+            if (to >= 0 && Roll(rng, 20) != 0)
+                f.Bar(p, to, Roll(rng, 20) ? f.m->barCount + 1 : 0, Roll(rng, 20) ? 1 : 2);
+    }
+    f.Project(Roll(rng, 4) ? 30 : 0, Roll(rng, 4) ? 30 : 0, 0);
 }
 
 void ExpectSameList(const ConnectionState &s, const std::vector<AnalogousNode> &list,
@@ -840,6 +902,105 @@ TEST(ConnectionDifferential, RandomFramesAndCommandsMatchTheWrittenProcedures) {
             ASSERT_EQ(texts[t], RangeText(names));
         }
     }
+}
+
+std::vector<std::vector<int>> NodesOf(const JointTypeCatalogue &catalogue) {
+    std::vector<std::vector<int>> nodes;
+    for (const JointType &t : catalogue.types)
+        nodes.push_back(t.nodes);
+    return nodes;
+}
+
+TEST(JointTypes, GroupsInOrderAndLeavesOutWhatNoTestCanTake) {
+    Frame f;
+    const std::vector<Vec3> corner = {{1, 0, 0}, {0, 0, 1}}, flat = {{1, 0, 0}, {0, 1, 0}};
+    std::vector<Vec3> more = kBeamColumn;
+    more.push_back({0, 4, 0});
+    auto unnamed = [&](int node) {
+        for (int b = 0; b < f.m->barCount; ++b)
+            if (f.m->bars[b].pointI == f.m->nodes[node].pointIndex)
+                f.m->bars[b].name = 0;
+        return node;
+    };
+    const int a = f.Joint(0, 0, 0, kBeamColumn, 1), c = f.Joint(20, 0, 0, corner, 2);
+    const int d = f.Joint(40, 0, 0, {{2, 0, 0}, {-3, 0, 0}, {0, 0, -3}}, 3);
+    const int b = f.Joint(60, 0, 0, kBeamColumn, 4);
+    f.view->nodeShown[f.Joint(80, 0, 0, kBeamColumn, 5)] = 0;
+    f.m->nodes[f.Joint(100, 0, 0, kBeamColumn, 6)].colour = 10; // not live
+    f.Node(f.Point(120, 0, 0), 7);                              // no bars
+    // Unnamed bars still count at a candidate; a head with none named takes no members.
+    const int namelessCorner = unnamed(f.Joint(140, 0, 0, corner, 8));
+    const int namelessFlat = unnamed(f.Joint(160, 0, 0, flat, 9));
+    const int flatToo = f.Joint(180, 0, 0, flat, 10);
+    const int crowded = f.Joint(200, 0, 0, std::vector<Vec3>(101, Vec3{0, 1, 0}), 11);
+    const int e = f.Joint(220, 0, 0, corner, 12), extra = f.Joint(240, 0, 0, more, 13);
+    f.Project();
+
+    JointTypeCatalogue identical =
+        CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Identical));
+    EXPECT_EQ(NodesOf(identical),
+              (std::vector<std::vector<int>>{
+                  {c, namelessCorner, e}, {a, b}, {d}, {namelessFlat}, {flatToo}, {extra}}));
+    EXPECT_EQ(identical.types[0].barCount, 2);
+    EXPECT_EQ(identical.types[5].barCount, 4); // the base pattern is there, one bar more is not
+    EXPECT_EQ(identical.overcrowded, std::vector<int>{crowded});
+    // Turned, the flat pair is the corner; equal counts keep the order of their heads.
+    EXPECT_EQ(
+        NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Rotated))),
+        (std::vector<std::vector<int>>{
+            {c, namelessCorner, namelessFlat, flatToo, e}, {a, d, b}, {extra}}));
+    AnalogyParameters byColour = Params(AnalogyMethod::IdenticalOrMirrored);
+    byColour.compareColours = true;
+    f.m->bars[f.m->barCount - 1].colour = 2;
+    f.m->bars[f.m->barCount - 5].colour = 2; // e's first bar
+    EXPECT_EQ(NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, byColour)),
+              (std::vector<std::vector<int>>{
+                  {a, d, b}, {c, namelessCorner}, {namelessFlat}, {flatToo}, {e}, {extra}}));
+
+    // Every component within the tolerance, the lengths 0.00014 apart: still one type.
+    Frame g;
+    g.Joint(0, 0, 0, {{1, 1, 1}, {0, 0, -1}}, 1);
+    g.Joint(20, 0, 0, {{1.00008, 1.00008, 1.00008}, {0, 0, -1}}, 2);
+    g.Project();
+    for (int method = 0; method < 3; ++method)
+        EXPECT_EQ(CatalogueJointTypes(*g.m, *g.view, g.s.barIndex,
+                                      Params(static_cast<AnalogyMethod>(method)))
+                      .types.size(),
+                  1u);
+}
+
+TEST(JointTypes, FastCatalogueEqualsTheLiteralGroupingOnRandomFrames) {
+    std::mt19937 rng(4242);
+    int types = 0, nodes = 0;
+    for (int round = 0; round < 40; ++round) {
+        Frame f;
+        if (round % 4 == 0)
+            RandomFrame(f, rng);
+        else
+            RepeatedJointsFrame(f, rng);
+        for (int n = 0; n < f.m->nodeCount; ++n) {
+            f.view->nodeShown[n] = Roll(rng, 8) != 0;
+            if (Roll(rng, 10) == 0)
+                f.m->nodes[n].colour = 12;
+        }
+        for (int method = 0; method < 4; ++method)
+            for (bool lengths : {true, false}) {
+                AnalogyParameters params = Params(static_cast<AnalogyMethod>(method), lengths);
+                params.compareColours = Roll(rng, 3) == 0;
+                params.compareSections = Roll(rng, 3) == 0;
+                const JointTypeCatalogue fast =
+                    CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, params);
+                const JointTypeCatalogue literal = reference::Catalogue(*f.m, *f.view, params);
+                ASSERT_EQ(NodesOf(fast), NodesOf(literal)) << round << " " << method;
+                ASSERT_EQ(fast.overcrowded, literal.overcrowded);
+                for (std::size_t t = 0; t < fast.types.size(); ++t)
+                    ASSERT_EQ(fast.types[t].barCount, literal.types[t].barCount);
+                types += static_cast<int>(fast.types.size());
+                for (const JointType &t : fast.types)
+                    nodes += static_cast<int>(t.nodes.size());
+            }
+    }
+    EXPECT_GT(nodes - types, 320 * 10); // on average ten nodes join a type in each catalogue
 }
 
 // The connection commands as the window runs them.
