@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <numbers>
 #include <numeric>
@@ -616,7 +617,7 @@ std::optional<std::vector<int>> OtherPairing(const StructureModel &m, const Conn
                 (!lengths ||
                  std::fabs(BarLength(m, s.baseBars[k]) - BarLength(m, candidates[c])) < 0.0001)) {
                 allowed[k * columns + c] = 1;
-                angles[k * columns + c] = std::atan2(Norm(Cross(*u, *w)), Dot(*u, *w));
+                angles[k * columns + c] = AngleBetween(*u, *w);
             }
         }
     return LexFirstCheapestAssignment(s.baseBarCount, columns, angles, allowed);
@@ -1001,6 +1002,37 @@ TEST(JointTypes, FastCatalogueEqualsTheLiteralGroupingOnRandomFrames) {
             }
     }
     EXPECT_GT(nodes - types, 320 * 10); // on average ten nodes join a type in each catalogue
+}
+
+TEST(JointTypes, FarAndBrokenCoordinatesNeitherHangNorChangeTheGrouping) {
+    Frame f;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    std::vector<int> joints;
+    for (double x : {1e13, 1e13 + 20, 3e14, -3e14, 0.0})
+        joints.push_back(f.Joint(x, 0, 0, kBeamColumn, 1 + static_cast<int>(joints.size())));
+    joints.push_back(f.Joint(40, 0, 0, {{nan, 0, 0}, {1, 0, 0}, {0, 0, -3}}, 8));
+    joints.push_back(f.Joint(60, 0, 0, {{inf, 0, 0}, {3, 0, 0}, {0, 0, -3}}, 9));
+    // Bars so long that the rounding of their lengths exceeds the tolerance.
+    for (int k = 0; k < 2; ++k)
+        joints.push_back(f.Joint(80 + 20 * k, 0, 0, {{3e14, 0, 0}, {0, 2e13, 0}}, 10 + k));
+    f.Project();
+    const auto &j = joints;
+    EXPECT_EQ(
+        NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Identical))),
+        (std::vector<std::vector<int>>{
+            {j[0], j[1], j[2], j[3], j[4]}, {j[7], j[8]}, {j[5]}, {j[6]}}));
+    for (int method = 0; method < 4; ++method)
+        for (bool lengths : {true, false}) {
+            const AnalogyParameters params = Params(static_cast<AnalogyMethod>(method), lengths);
+            EXPECT_EQ(NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, params)),
+                      NodesOf(reference::Catalogue(*f.m, *f.view, params)));
+            for (int base : joints) {
+                f.ChooseBase(base);
+                for (int n : joints)
+                    f.Test(n, params);
+            }
+        }
 }
 
 // The connection commands as the window runs them.

@@ -89,8 +89,7 @@ void MatchAnyBars(const Joint &base, const Joint &candidate, bool lengths, Analo
             const std::optional<Vec3> w = DirectionOf(v);
             if (!w || (lengths && std::fabs(b.length - v.length) >= kAgreement))
                 continue;
-            // atan2 keeps small angles exact where acos of a dot product near 1 would not.
-            angle[k * columns + c] = std::atan2(Norm(Cross(*u, *w)), Dot(*u, *w));
+            angle[k * columns + c] = AngleBetween(*u, *w);
             allowed[k * columns + c] = 1;
         }
     }

@@ -9,19 +9,10 @@
 namespace vorna {
 namespace {
 
-// Components that all agree within the tolerance leave a Euclidean residual below this, and
-// lengths that differ by less.
-constexpr double kResidual = 1.7320508075688772 * kAgreement;
-
-// The angle between two vectors; atan2 keeps it exact near 0 and pi, where the cosine is flat.
-double AngleBetween(const Vec3 &a, const Vec3 &b) {
-    return std::atan2(Norm(Cross(a, b)), Dot(a, b));
-}
-
-// Unit vectors each within kResidual of their partners: every angle between two of them
+// Unit vectors each within kAgreementNorm of their partners: every angle between two of them
 // changes by less than twice the angle such a residual can turn one (2 asin(r / 2)).
 double AngleReach() {
-    return 4 * std::asin(kResidual / 2);
+    return 4 * std::asin(kAgreementNorm / 2);
 }
 
 // What a node shares with every head it is analogous to, under the method in force. The numbers
@@ -88,8 +79,11 @@ double Slack(double value) {
     return 1e-9 * (1 + std::fabs(value));
 }
 
-// Every value of a has a value of b within eps (sorted lists; b's may be shared).
-bool Covers(const std::vector<double> &a, const std::vector<double> &b, double eps) {
+// Every value of a has a value of b within eps (sorted lists): its own one when oneToOne, else
+// b's may be shared. Taking the smallest free value in reach is optimal: every value reaches
+// equally far.
+bool Reaches(const std::vector<double> &a, const std::vector<double> &b, double eps,
+             bool oneToOne) {
     std::size_t j = 0;
     for (double x : a) {
         const double e = eps + Slack(x);
@@ -97,21 +91,7 @@ bool Covers(const std::vector<double> &a, const std::vector<double> &b, double e
             ++j;
         if (j == b.size() || b[j] >= x + e)
             return false;
-    }
-    return true;
-}
-
-// Every value of a has its own value of b within eps (sorted lists). Taking the smallest free
-// value in reach is optimal: every value reaches equally far.
-bool Injects(const std::vector<double> &a, const std::vector<double> &b, double eps) {
-    std::size_t j = 0;
-    for (double x : a) {
-        const double e = eps + Slack(x);
-        while (j < b.size() && b[j] <= x - e)
-            ++j;
-        if (j == b.size() || b[j] >= x + e)
-            return false;
-        ++j;
+        j += oneToOne ? 1 : 0;
     }
     return true;
 }
@@ -126,20 +106,22 @@ bool MayMatch(const Signature &head, const Signature &node, const AnalogyParamet
         return true;
     switch (params.method) {
     case AnalogyMethod::Identical:
-        return Covers(head.lengths, node.lengths, kResidual) &&
-               Covers(head.heights, node.heights, kAgreement);
-    case AnalogyMethod::IdenticalOrMirrored:
-        return Injects(head.lengths, node.lengths, kResidual) &&
-               Injects(head.heights, node.heights, kAgreement);
+    case AnalogyMethod::IdenticalOrMirrored: {
+        const bool oneToOne = params.method == AnalogyMethod::IdenticalOrMirrored;
+        return Reaches(head.lengths, node.lengths, kAgreementNorm, oneToOne) &&
+               Reaches(head.heights, node.heights, kAgreement, oneToOne);
+    }
     case AnalogyMethod::Rotated: {
         // |bj.bk - vc.vd| <= |R bj - vc| |bk| + |vc| |R bk - vd|.
         const double pairReach =
-            params.compareLengths ? kResidual * (head.longest + node.longest) : AngleReach();
-        return head.compared <= node.compared && Injects(head.lengths, node.lengths, kResidual) &&
-               Injects(head.pairs, node.pairs, pairReach);
+            params.compareLengths ? kAgreementNorm * (head.longest + node.longest) : AngleReach();
+        return head.compared <= node.compared &&
+               Reaches(head.lengths, node.lengths, kAgreementNorm, true) &&
+               Reaches(head.pairs, node.pairs, pairReach, true);
     }
     case AnalogyMethod::Any:
-        return head.compared <= node.compared && Injects(head.lengths, node.lengths, kAgreement);
+        return head.compared <= node.compared &&
+               Reaches(head.lengths, node.lengths, kAgreement, true);
     }
     return true;
 }
@@ -158,12 +140,13 @@ public:
     explicit HeadIndex(const AnalogyParameters &params) : params_(params) {
         const AnalogyMethod m = params.method;
         reach_ = m != AnalogyMethod::Rotated ? kAgreement
-                 : params.compareLengths     ? kResidual
+                 : params.compareLengths     ? kAgreementNorm
                                              : AngleReach();
         keyed_ = m != AnalogyMethod::Any || params.compareLengths;
     }
 
     void Add(std::size_t head, int barCount, const Joint &base) {
+        every_[barCount].push_back(head);
         const std::optional<Vec3> key = KeyOf(base);
         if (!key || !Finite(*key)) {
             unkeyed_[barCount].push_back(head);
@@ -179,9 +162,16 @@ public:
         for (const Vec3 &q : queries_) {
             if (!Finite(q))
                 continue;
-            const double r = reach_ + 1e-9 * (1 + Norm(q)); // rounding of the compared values
+            // Room for the rounding of the compared values.
+            const double r = reach_ + 1e-12 * (1 + Norm(q));
             const Cell low = CellOf(barCount, Sub(q, {r, r, r}));
             const Cell high = CellOf(barCount, Sub(q, {-r, -r, -r}));
+            // Only far beyond any structure's size is the room wider than a cell: there every
+            // head is tried.
+            if (high.x - low.x > 2 || high.y - low.y > 2 || high.z - low.z > 2) {
+                found_ = every_[barCount];
+                break;
+            }
             for (std::int64_t x = low.x; x <= high.x; ++x)
                 for (std::int64_t y = low.y; y <= high.y; ++y)
                     for (std::int64_t z = low.z; z <= high.z; ++z)
@@ -288,7 +278,7 @@ private:
     double reach_ = kAgreement;
     bool keyed_ = true;
     std::unordered_map<Cell, std::vector<std::size_t>, CellHash> cells_;
-    std::array<std::vector<std::size_t>, kMaxBaseBars + 1> unkeyed_;
+    std::array<std::vector<std::size_t>, kMaxBaseBars + 1> unkeyed_, every_;
     std::vector<Vec3> queries_, vectors_;
     std::vector<std::size_t> found_;
 };

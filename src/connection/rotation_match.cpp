@@ -10,8 +10,6 @@
 namespace vorna {
 namespace {
 
-// Components that all agree within the tolerance leave a Euclidean residual below this.
-constexpr double kResidual = 1.7320508075688772 * kAgreement;
 constexpr double kSqrt2 = 1.4142135623730951;
 // Room for rounding in the bounds below, which only prune.
 constexpr double kSlack = 1e-9;
@@ -101,11 +99,13 @@ public:
                 TryAnchors({a, c, -1, -1});
                 continue;
             }
+            // A rotation keeps the anchors' dot product, up to
+            // |ba.bj - vc.vd| <= |R ba - vc| |bj| + |vc| |R bj - vd|.
             const double dot = Dot(base_[a], base_[j]);
             for (int d = 0; d < m_; ++d)
                 if (d != c && candidateNorm_[d] >= 0 && LengthsAgree(j, d) &&
                     std::fabs(dot - Dot(*candidates_[c], *candidates_[d])) <
-                        kResidual * (baseNorm_[j] + candidateNorm_[c]) +
+                        kAgreementNorm * (baseNorm_[j] + candidateNorm_[c]) +
                             kSlack * (1 + std::fabs(dot)))
                     TryAnchors({a, c, j, d});
         }
@@ -120,7 +120,7 @@ private:
 
     // |R b| = |b|: a pair can only agree when the lengths nearly do.
     bool LengthsAgree(int k, int c) const {
-        return std::fabs(baseNorm_[k] - candidateNorm_[c]) < kResidual + kSlack * baseNorm_[k];
+        return std::fabs(baseNorm_[k] - candidateNorm_[c]) < kAgreementNorm + kSlack * baseNorm_[k];
     }
 
     void Offer(const std::optional<std::vector<int>> &pairing) {
@@ -157,18 +157,18 @@ private:
         const Vec3 &va = *candidates_[c];
         const Frame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
         const Rotation r0 = Between(from, FrameOf(va, d >= 0 ? &*candidates_[d] : nullptr));
-        const double d1 = std::min(2.0, 2 * kResidual / baseNorm_[a]);
+        const double d1 = std::min(2.0, 2 * kAgreementNorm / baseNorm_[a]);
         double d2 = 2;
         if (j >= 0) {
             const double plane = Norm(Cross(base_[a], base_[j]));
-            d2 = std::min(2.0, 2 * kResidual * (baseNorm_[j] + candidateNorm_[c]) / plane);
+            d2 = std::min(2.0, 2 * kAgreementNorm * (baseNorm_[j] + candidateNorm_[c]) / plane);
         }
         for (int k = 0; k < n_; ++k) {
             const Vec3 image = Rotate(r0, base_[k]);
             const double onAxis = std::fabs(Dot(base_[k], from.along));
             const double offAxis =
                 Norm(Sub(base_[k], Scaled(from.along, Dot(base_[k], from.along))));
-            const double bound = kResidual + onAxis * d1 + kSqrt2 * offAxis * (d1 + d2) +
+            const double bound = kAgreementNorm + onAxis * d1 + kSqrt2 * offAxis * (d1 + d2) +
                                  kSlack * (1 + baseNorm_[k]);
             for (int e = 0; e < m_; ++e)
                 graph_.edges[k * m_ + e] =
