@@ -123,6 +123,7 @@ FormVorna InitialForm() {
     f.RimTutto = Caption("Ri&muovi tutti i nodi");
     f.Inverti = Caption("In&verti selezione nodi");
     f.EvidTipo = Caption("&Evidenzia tipo aste");
+    f.TipiNodo = Caption("Tipi di no&do...");
     f.Interrompi = Caption("&Interrompi");
     f.Selezioni = Caption("&Selezioni");
     f.Finestra = Caption("&Finestra");
@@ -270,6 +271,7 @@ void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Con
     VORNA_ONE(RimTutto);
     VORNA_ONE(Inverti);
     VORNA_ONE(EvidTipo);
+    VORNA_ONE(TipiNodo);
     VORNA_ONE(Interrompi);
     VORNA_ONE(Selezioni);
     VORNA_ONE(Finestra);

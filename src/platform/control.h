@@ -6,6 +6,7 @@
 #include "platform/ui.h"
 
 #include <string>
+#include <vector>
 
 namespace vorna {
 
@@ -20,6 +21,9 @@ struct Control {
     Rgb backColour = 0;
     Pointer pointer = Pointer::Default;
     double left = 0, top = 0, width = 0, height = 0;
+    // The rows of a list; its text is then the 1-based row selected ("" for none). Columns of a
+    // row are separated by tabs.
+    std::vector<std::string> items;
 };
 
 } // namespace vorna

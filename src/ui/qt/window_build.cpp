@@ -71,7 +71,7 @@ void MainWindow::BuildMenus() {
     AddItems(visualizza_, {"Ottimizza", "ZoomIn", "Sposta", "Ridis"});
     AddItems(AddMenu(nullptr, "Operazioni"),
              {"NodoBase", "RimNodoBase", "AsteNodoBase", "Aggiungi", "Rimuovi", "RimTutto",
-              "Inverti", "EvidTipo", "Interrompi"});
+              "Inverti", "EvidTipo", "TipiNodo", "Interrompi"});
     QMenu *selezioni = AddMenu(nullptr, "Selezioni");
     AddItems(selezioni, {"Finestra"});
     AddItems(AddMenu(selezioni, "Colore"), {"Bianco", "Blu", "Rosso", "Verde", "Giallo",
