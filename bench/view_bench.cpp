@@ -84,14 +84,19 @@ void BM_ProjectAndFit(benchmark::State &state) {
 }
 BENCHMARK(BM_ProjectAndFit)->Unit(benchmark::kMillisecond);
 
-void BM_DrawStructure(benchmark::State &state) {
+// The model projected and fitted on the canvas, as the input of a drawing.
+DrawInput FittedInput(benchmark::State &state, CountingCanvas &canvas) {
     Loaded &m = Model();
     if (!m.ok)
         state.SkipWithError("the large model did not load");
-    CountingCanvas canvas;
     ProjectStructure(*m.model, *m.view, 30, 30, 0);
     SetViewScale(*m.model, *m.connection, m.filter, *m.view, canvas);
-    const DrawInput input{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+    return DrawInput{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+}
+
+void BM_DrawStructure(benchmark::State &state) {
+    CountingCanvas canvas;
+    const DrawInput input = FittedInput(state, canvas);
     for (auto _ : state) {
         DrawStructure(input, canvas);
         benchmark::DoNotOptimize(canvas.calls);
@@ -104,13 +109,8 @@ BENCHMARK(BM_DrawStructure)->Unit(benchmark::kMillisecond);
 // Argument 1: the .dis file (extents, clean-up, text, write); 2: the DXF file. The buffers fill
 // up on this model: its 84,000 lines do not fit in them.
 void BM_SalvaDisegno(benchmark::State &state) {
-    Loaded &m = Model();
-    if (!m.ok)
-        state.SkipWithError("the large model did not load");
     CountingCanvas canvas;
-    ProjectStructure(*m.model, *m.view, 30, 30, 0);
-    SetViewScale(*m.model, *m.connection, m.filter, *m.view, canvas);
-    const DrawInput input{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+    const DrawInput input = FittedInput(state, canvas);
     const bool dis = state.range(0) == 1;
     const std::string file =
         (std::filesystem::temp_directory_path() / (dis ? "vorna-bench.dis" : "vorna-bench.dxf"))
@@ -120,7 +120,8 @@ void BM_SalvaDisegno(benchmark::State &state) {
         DrawBuffers buffers;
         ExportDrawing(input, canvas, buffers);
         lines = buffers.lines.size();
-        ExportMessage shown = dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
+        ExportMessage shown =
+            dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
         benchmark::DoNotOptimize(shown);
     }
     state.counters["lines"] = static_cast<double>(lines);

@@ -105,6 +105,16 @@ QRect TwipsToPixels(const Control &c, double twipsPerPixel) {
                  std::max(0, Pixels(c.height, twipsPerPixel)));
 }
 
+QWidget *AddBinding(std::vector<Binding> &bindings, const std::string &name, QWidget *widget,
+                    BindingStyle style) {
+    Binding binding;
+    binding.name = name;
+    binding.widget = widget;
+    binding.style = style;
+    bindings.push_back(std::move(binding));
+    return widget;
+}
+
 void ApplyBinding(Binding &b, double twipsPerPixel) {
     if (b.control == nullptr || (b.shown && SameLook(*b.shown, *b.control)))
         return;

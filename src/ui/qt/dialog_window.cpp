@@ -43,12 +43,7 @@ DialogWindow::DialogWindow(Dialog &dialog, QWidget *parent) : QDialog(parent), d
 }
 
 QWidget *DialogWindow::Bind(const std::string &name, QWidget *widget, BindingStyle style) {
-    Binding b;
-    b.name = name;
-    b.widget = widget;
-    b.style = style;
-    bindings_.push_back(std::move(b));
-    return widget;
+    return AddBinding(bindings_, name, widget, style);
 }
 
 QWidget *DialogWindow::Button(const std::string &name) {

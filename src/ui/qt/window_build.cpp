@@ -35,12 +35,7 @@ QLabel *Label(QWidget *parent) {
 } // namespace
 
 QWidget *MainWindow::Bind(const std::string &name, QWidget *widget, BindingStyle style) {
-    Binding binding;
-    binding.name = name;
-    binding.widget = widget;
-    binding.style = style;
-    bindings_.push_back(std::move(binding));
-    return widget;
+    return AddBinding(bindings_, name, widget, style);
 }
 
 QMenu *MainWindow::AddMenu(QMenu *parent, const char *name) {
