@@ -1,6 +1,8 @@
-// Entry point: the Qt window, or the script runner with --script (on the real window when the
-// program is built with Qt, headless otherwise).
+// Entry point: the Qt window, or the script runner with --script on the real window; built
+// without Qt it is vorna-batch, which runs scripts on surfaces that draw nothing.
 #include "app/script_runner.h"
+#include "platform/native_path.h"
+#include "platform/process.h"
 #include "platform/text.h"
 
 #ifdef VORNA_WITH_QT
@@ -19,17 +21,18 @@
 
 #include <iostream>
 #include <string>
+#include <vector>
 
 namespace {
 
 // The suite passes one argument; like the command line of the original platform, every
 // argument joined by blanks is the text the program reads.
-std::string CommandLine(int argc, char **argv, int first) {
+std::string CommandLine(const std::vector<std::string> &arguments, std::size_t first) {
     std::string line;
-    for (int i = first; i < argc; ++i) {
+    for (std::size_t i = first; i < arguments.size(); ++i) {
         if (i > first)
             line += ' ';
-        line += argv[i];
+        line += arguments[i];
     }
     return vorna::Utf8ToCp1252(line);
 }
@@ -42,16 +45,16 @@ void UseOffscreenWithoutDisplay() {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
 }
 
-int RunScriptInWindow(int argc, char **argv) {
-    const std::string script = argv[2], commandLine = CommandLine(argc, argv, 3);
+int RunScriptInWindow(int argc, char **argv, const std::vector<std::string> &arguments) {
     UseOffscreenWithoutDisplay();
     QApplication app(argc, argv);
     vorna::qt::QtScriptHost host;
-    return vorna::RunScript(script, commandLine, std::cout, host);
+    return vorna::RunScript(vorna::PathFromUtf8(arguments[1]), CommandLine(arguments, 2), std::cout,
+                            host);
 }
 
-int RunWindow(int argc, char **argv) {
-    const std::string commandLine = CommandLine(argc, argv, 1);
+int RunWindow(int argc, char **argv, const std::vector<std::string> &arguments) {
+    const std::string commandLine = CommandLine(arguments, 0);
     QApplication app(argc, argv);
     // The standard dialogs' buttons speak the user's language, as the system's own would.
     QTranslator translator;
@@ -78,13 +81,16 @@ int RunWindow(int argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
-    const bool script = argc >= 3 && std::string(argv[1]) == "--script";
+    const std::vector<std::string> arguments = vorna::ProgramArguments(argc, argv);
+    const bool script = arguments.size() >= 2 && arguments[0] == "--script";
+    vorna::UseBinaryStandardOutput();
 #ifdef VORNA_WITH_QT
-    return script ? RunScriptInWindow(argc, argv) : RunWindow(argc, argv);
+    return script ? RunScriptInWindow(argc, argv, arguments) : RunWindow(argc, argv, arguments);
 #else
     if (script)
-        return vorna::RunScript(argv[2], CommandLine(argc, argv, 3), std::cout);
-    std::cerr << "usage: vorna --script FILE \"|diroot=ROOT|\"\n";
+        return vorna::RunScript(vorna::PathFromUtf8(arguments[1]), CommandLine(arguments, 2),
+                                std::cout);
+    std::cerr << "usage: vorna-batch --script FILE \"|diroot=ROOT|\"\n";
     return 2;
 #endif
 }

@@ -22,7 +22,7 @@ TEST(EndToEnd, FatalStartUpEndsWithStatusOneAndMissingStructureDoesNot) {
     suite.Write("impostazioni/lavoro", "demo\r\n");
     test::RunResult bad = suite.Run("dump folders\n");
     EXPECT_EQ(bad.status, 1);
-    EXPECT_EQ(bad.output, "message|ERRORE|48|Errore: file " + LowerCase(suite.root().string()) +
+    EXPECT_EQ(bad.output, "message|ERRORE|48|Errore: file " + LowerCase(suite.rootName()) +
                               "\\impostazioni\\lavoro errato o mancante\n");
 
     test::DemoSuite other;

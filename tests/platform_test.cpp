@@ -105,6 +105,20 @@ TEST(Tokens, SplitTokensAgreesWithNextToken) {
     }
 }
 
+#ifdef _WIN32
+// Windows resolves drive letters, both separators and letter case itself; the names must reach
+// it with every Windows-1252 character intact.
+TEST(Paths, NativePathLeavesNamesToTheFileSystem) {
+    test::TempDir dir;
+    dir.Write("Suite/Impostazioni/DirLav", "x");
+    const std::string root = LowerCase(Utf8ToCp1252(dir.path().generic_string()));
+    EXPECT_EQ(ReadWholeFile(NativePath(root + "/suite\\impostazioni\\dirlav")), "x");
+    EXPECT_EQ(ReadWholeFile(NativePath(UpperCase(root) + "\\SUITE/IMPOSTAZIONI/DIRLAV")), "x");
+
+    ASSERT_TRUE(WriteFileAtomic(NativePath(root + "\\suite\\Perch\xE9 \x80.txt"), "y"));
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "Suite" / u8"Perché €.txt"));
+}
+#else
 TEST(Paths, NativePathMatchesComponentsIgnoringCase) {
     test::TempDir dir;
     dir.Write("Suite/Impostazioni/DirLav", "x");
@@ -112,6 +126,7 @@ TEST(Paths, NativePathMatchesComponentsIgnoringCase) {
     EXPECT_EQ(NativePath(name), dir.path() / "Suite/Impostazioni/DirLav");
     EXPECT_EQ(NativePath(dir.path().string() + "\\suite\\new.txt"), dir.path() / "Suite/new.txt");
 }
+#endif
 
 TEST(Paths, AtomicWriteReplacesWholeFilesOrNothing) {
     test::TempDir dir;

@@ -1,9 +1,11 @@
-// Shared test fakes: a Ui that records messages and answers from a queue, and temporary folders.
+// Shared test fakes: a Ui that records messages and answers from a queue, temporary folders and
+// commands run through the shell.
 #pragma once
 
 #include "platform/dialog.h"
 #include "platform/ui.h"
 
+#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -69,6 +71,12 @@ public:
     int exitStatus = -1;
 };
 
+// Writes bytes to a file, creating its folders.
+inline void WriteBytes(const std::filesystem::path &p, const std::string &bytes) {
+    std::filesystem::create_directories(p.parent_path());
+    std::ofstream(p, std::ios::binary) << bytes;
+}
+
 // A fresh folder under the system's temporary folder, removed when the test ends.
 class TempDir {
 public:
@@ -83,14 +91,22 @@ public:
     const std::filesystem::path &path() const { return path_; }
     // Writes bytes to a file below the folder, creating its folders.
     void Write(const std::string &relative, const std::string &bytes) const {
-        auto p = path_ / relative;
-        std::filesystem::create_directories(p.parent_path());
-        std::ofstream(p, std::ios::binary) << bytes;
+        WriteBytes(path_ / relative, bytes);
     }
 
 private:
     std::filesystem::path path_;
 };
+
+// Runs a command line through the system's shell and returns its status. cmd.exe drops the
+// first and the last quote of a line that starts with one: the line gets one more pair there.
+inline int RunCommand(const std::string &command) {
+#ifdef _WIN32
+    return std::system(('"' + command + '"').c_str());
+#else
+    return std::system(command.c_str());
+#endif
+}
 
 inline std::string ReadBytes(const std::filesystem::path &p) {
     std::ifstream in(p, std::ios::binary);

@@ -4,10 +4,33 @@
 #include "platform/text.h"
 
 #include <string>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <system_error>
-#include <vector>
+#endif
 
 namespace vorna {
+
+#ifdef _WIN32
+
+std::filesystem::path PathFromUtf8(std::string_view utf8) {
+    if (utf8.empty())
+        return {};
+    const int size = static_cast<int>(utf8.size());
+    const int wide = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(wide), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, text.data(), wide);
+    return std::filesystem::path(std::move(text));
+}
+
+std::filesystem::path NativePath(std::string_view name) {
+    return PathFromUtf8(Cp1252ToUtf8(name));
+}
+
+#else
+
 namespace {
 
 // The entry of folder whose name equals component apart from letter case, if there is one.
@@ -29,10 +52,11 @@ std::filesystem::path MatchInFolder(const std::filesystem::path &folder,
 
 } // namespace
 
+std::filesystem::path PathFromUtf8(std::string_view utf8) {
+    return std::filesystem::path(utf8);
+}
+
 std::filesystem::path NativePath(std::string_view name) {
-#ifdef _WIN32
-    return std::filesystem::path(Cp1252ToUtf8(name));
-#else
     std::string utf8 = Cp1252ToUtf8(name);
     std::filesystem::path result;
     std::size_t i = 0;
@@ -58,7 +82,8 @@ std::filesystem::path NativePath(std::string_view name) {
         stillExists = std::filesystem::exists(result, ec);
     }
     return result;
-#endif
 }
+
+#endif
 
 } // namespace vorna

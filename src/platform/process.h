@@ -1,0 +1,16 @@
+// The process's command line and standard output, alike on every system.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vorna {
+
+// The arguments after the program's name, in UTF-8. Windows hands main() its arguments in the
+// ANSI code page; its wide command line holds every character.
+std::vector<std::string> ProgramArguments(int argc, char **argv);
+
+// The script runner's lines leave as written: Windows' text mode would turn each "\n" into CR LF.
+void UseBinaryStandardOutput();
+
+} // namespace vorna
