@@ -5,43 +5,62 @@
 namespace vorna {
 namespace {
 
+// A window size whose drawing is whole pixels, so that every program draws the same view.
+constexpr const char *kSize = "resize 15006 10512\n";
+
 std::string Expected(const std::string &name) {
     return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
 }
 
+// The file written against the one kept beside the tests; a difference is shown by its first
+// line, not as the whole file.
+void ExpectFile(const std::filesystem::path &written, const std::string &expected) {
+    const std::string a = test::ReadBytes(written), b = Expected(expected);
+    if (a == b)
+        return;
+    std::size_t at = 0;
+    while (at < a.size() && at < b.size() && a[at] == b[at])
+        ++at;
+    const std::size_t line = a.rfind('\n', at) == std::string::npos ? 0 : a.rfind('\n', at) + 1;
+    ADD_FAILURE() << written << " differs from " << expected << " at byte " << at << ": \""
+                  << a.substr(line, 60) << "\" instead of \"" << b.substr(line, 60) << "\"";
+}
+
 // Script lines that save the current view in both formats into the job folder.
 std::string SaveBoth(const test::DemoSuite &suite, const std::string &stem) {
-    const std::string base = (suite.job() / stem).string();
+    const std::string base = test::NameForProgram(suite.job() / stem);
     return "savefile " + base + ".dis 1\nSalvaDisegno\nsavefile " + base + ".dxf 2\nSalvaDisegno\n";
 }
 
 TEST(EndToEndExport, TheDemoViewAsDisAndDxf) {
     test::DemoSuite suite;
-    test::RunResult r = suite.Run(SaveBoth(suite, "view") + SaveBoth(suite, "again") +
+    test::RunResult r = suite.Run(kSize + SaveBoth(suite, "view") + SaveBoth(suite, "again") +
                                   "savefile cancel\nSalvaDisegno\n");
     EXPECT_EQ(r.status, 0);
     const std::string shown =
         "message|SALVA FILE DISEGNO|64|File " + (suite.job() / "view.dis").string() + " salvato.\n";
     EXPECT_NE(r.output.find(shown), std::string::npos) << r.output;
-    EXPECT_EQ(test::ReadBytes(suite.job() / "view.dis"), Expected("view.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "view.dxf"), Expected("view.dxf"));
+    ExpectFile(suite.job() / "view.dis", "view.dis");
+    ExpectFile(suite.job() / "view.dxf", "view.dxf");
     // Each save starts from empty buffers.
-    EXPECT_EQ(test::ReadBytes(suite.job() / "again.dis"), Expected("view.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "again.dxf"), Expected("view.dxf"));
+    ExpectFile(suite.job() / "again.dis", "view.dis");
+    ExpectFile(suite.job() / "again.dxf", "view.dxf");
 }
 
 TEST(EndToEndExport, HighlightsDoNotReachTheDrawing) {
     test::DemoSuite suite;
     test::RunResult r =
-        suite.Run("NodoBase\nclicknode 18\nAggiungi\nTuttiCol\n" + SaveBoth(suite, "joint"));
+        suite.Run(kSize + std::string("NodoBase\nclicknode 18\nAggiungi\nTuttiCol\n") +
+                  SaveBoth(suite, "joint"));
     EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(test::ReadBytes(suite.job() / "joint.dis"), Expected("view.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "joint.dxf"), Expected("view.dxf"));
+    ExpectFile(suite.job() / "joint.dis", "view.dis");
+    ExpectFile(suite.job() / "joint.dxf", "view.dxf");
 }
 
 TEST(EndToEndExport, LabelsSetAndSavedInTheOptionsDialog) {
     test::DemoSuite suite;
-    test::RunResult r = suite.Run("Rappresentazione\ncheck CheckTxtNodi 1\ncheck CheckTxtAste 1\n"
+    test::RunResult r = suite.Run(std::string(kSize) +
+                                  "Rappresentazione\ncheck CheckTxtNodi 1\ncheck CheckTxtAste 1\n"
                                   "check TxtAste(1) 0\nset BaseTxt 8\nset AltezzaTxt 12\n"
                                   "click LabelCol(5)\nset SpSel 3\noption EvColNonSel\n"
                                   "button Salva\nbutton Chiudi\nRidis\n" +
@@ -49,9 +68,9 @@ TEST(EndToEndExport, LabelsSetAndSavedInTheOptionsDialog) {
     EXPECT_EQ(r.status, 0);
     EXPECT_NE(r.output.find("message|INFORMAZIONE|48| Opzioni salvate \n"), std::string::npos)
         << r.output;
-    EXPECT_EQ(test::ReadBytes(suite.root() / "custom" / "VorNOpzi.txt"), Expected("VorNOpzi.txt"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "labels.dis"), Expected("labels.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "labels.dxf"), Expected("labels.dxf"));
+    ExpectFile(suite.root() / "custom" / "VorNOpzi.txt", "VorNOpzi.txt");
+    ExpectFile(suite.job() / "labels.dis", "labels.dis");
+    ExpectFile(suite.job() / "labels.dxf", "labels.dxf");
 
     // The next start reads the same 30 values back.
     test::RunResult again = suite.Run("dump options\n");

@@ -198,10 +198,14 @@ bool ClickNode(Session &s, const ScriptArgs &a) {
     return false;
 }
 
+// As when the user resizes the window: the new layout, then the picture drawn again on the
+// surface at its new size.
 bool Resize(Session &s, const ScriptArgs &a) {
     s.p.form.width = a.number[0];
     s.p.form.height = a.number[1];
     LayOutForm(s.p);
+    s.host.Sync(s.p);
+    RedrawView(s.p);
     return true;
 }
 
@@ -422,7 +426,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          }},
         {"resize",
          "`resize W H`",
-         "the window's outer size in twips (15 twips per pixel at 96 dpi)",
+         "the window's outer size in twips (15 twips per pixel at 96 dpi); the picture is drawn "
+         "again at the new size",
          {kNumber, kNumber},
          Resize},
         {"button",
