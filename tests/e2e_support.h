@@ -33,10 +33,11 @@ public:
         dir_.Write(relative, bytes);
     }
 
-    // Runs vorna --script with the lines given, headless; standard output is captured.
-    RunResult Run(const std::string &script) const {
+    // Runs vorna --script with the lines given, headless; standard output is captured. The
+    // prefix goes before the program's name (another user's rights, say).
+    RunResult Run(const std::string &script, const std::string &prefix = "") const {
         dir_.Write("test.script", script);
-        std::string command = "QT_QPA_PLATFORM=offscreen " + std::string(VORNA_BINARY) +
+        std::string command = "QT_QPA_PLATFORM=offscreen " + prefix + std::string(VORNA_BINARY) +
                               " --script " + (dir_.path() / "test.script").string() +
                               " \"|diroot=" + dir_.path().string() + "|\" 2>/dev/null";
         RunResult result;
