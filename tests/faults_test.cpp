@@ -192,23 +192,30 @@ TEST(DiskFaults, FoldersAndFilesThatChangeAfterStartUp) {
     EXPECT_TRUE(fs::is_regular_file(vanished.root() / "custom" / "VorNOpzi.txt"));
 }
 
-// Every input file turned into a folder before start-up: each reader reports what a missing
-// file gives, and the program still starts.
-TEST(DiskFaults, InputFilesThatAreFoldersReadAsMissing) {
-    test::DemoSuite suite;
-    for (const char *name : {"lavori/demo01/STRUTTUR.STR", "lavori/demo01/sezioni_",
-                             "lavori/demo01/spessori", "lavori/demo01/VornaNIn.txt",
-                             "custom/VorNOpzi.txt", "custom/VorOpInt.txt", "progra/font.001"}) {
-        fs::remove(suite.root() / name);
-        fs::create_directories(suite.root() / name);
+// Every input file turned into a folder, or into a pipe that nobody writes to, before start-up:
+// each reader reports what a missing file gives, and the program still starts.
+TEST(DiskFaults, InputFilesThatAreFoldersOrPipesReadAsMissing) {
+    for (bool pipes : {false, true}) {
+        test::DemoSuite suite;
+        for (const char *name : {"lavori/demo01/STRUTTUR.STR", "lavori/demo01/sezioni_",
+                                 "lavori/demo01/spessori", "lavori/demo01/VornaNIn.txt",
+                                 "custom/VorNOpzi.txt", "custom/VorOpInt.txt", "progra/font.001"}) {
+            const fs::path file = suite.root() / name;
+            fs::remove(file);
+            if (pipes)
+                ASSERT_EQ(::mkfifo(file.c_str(), 0644), 0);
+            else
+                fs::create_directories(file);
+        }
+        const std::string output = RunHere(suite, "dump options\n");
+        EXPECT_NE(output.find("message|Problema|16| Impossibile leggere il file "),
+                  std::string::npos)
+            << output;
+        EXPECT_NE(output.find("\\font.001 inesistente!\n"), std::string::npos) << output;
+        EXPECT_NE(output.find("message|Problema|16|Errore nella lettura della struttura\n"),
+                  std::string::npos);
+        EXPECT_NE(output.find("display 1=1\n"), std::string::npos); // the built-in defaults
     }
-    const std::string output = RunHere(suite, "dump options\n");
-    EXPECT_NE(output.find("message|Problema|16| Impossibile leggere il file "), std::string::npos)
-        << output;
-    EXPECT_NE(output.find("\\font.001 inesistente!\n"), std::string::npos) << output;
-    EXPECT_NE(output.find("message|Problema|16|Errore nella lettura della struttura\n"),
-              std::string::npos);
-    EXPECT_NE(output.find("display 1=1\n"), std::string::npos); // the built-in defaults
 }
 
 // The real thing: a job folder and a custom folder that the user may not write to. Root may

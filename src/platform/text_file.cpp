@@ -90,8 +90,9 @@ ScopedWriteFaults::~ScopedWriteFaults() {
 }
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path &path) {
+    // A folder or a pipe by that name is not the file: opening a pipe would wait for a writer.
     std::error_code ec;
-    if (std::filesystem::is_directory(path, ec))
+    if (!std::filesystem::is_regular_file(path, ec))
         return std::nullopt;
     std::ifstream in(path, std::ios::binary);
     if (!in)
