@@ -114,6 +114,31 @@ const std::vector<std::string> kTexts = {
     "1,2,5-8",  "30",  "45",  "-45",       "1-65535", "0",   "1e308",  "1-32000",
     "18,19,31", "3-1", ",,,", "1,4-7,,9-", "90",      "360", "-1e308", "nan"};
 
+// Short runs of lines that reach the deeper states: a base node, a search, a selection by window,
+// name or constraint card, navigation, labels on, a drawing saved.
+const std::vector<std::string> kScenes = {
+    "NodoBase\nclicknode 18",
+    "NodoBase\nclicknode 13",
+    "Aggiungi\nTuttiCol",
+    "Aggiungi\nFinestra\ndown -5000 -5000\nup 5000 5000",
+    "AsteNodoBase\nFinestra\ndown -100 -100\nup 100 100",
+    "Rimuovi\nNome\nset Risposta 30\nkey Enter",
+    "Aggiungi\nSchVincolo\nset Risposta 1\nkey Enter",
+    "Aggiungi\nTipoPt1",
+    "AsteNodoBase\nclicknode 17",
+    "EvidTipo\nclicknode 19",
+    "ZoomIn\nclick -500 -500\nclick 500 500",
+    "Sposta\nclick 0 0\nclick 300 100",
+    "down 0 0 4\nmove 300 300 4\nup 300 300 4",
+    "dblclick 0 0 4",
+    "savefile drawing.dis 1\nSalvaDisegno",
+    "savefile drawing.dxf 2\nSalvaDisegno",
+    "Rappresentazione\ncheck CheckTxtNodi 1\ncheck CheckTxtAste 1\nbutton Chiudi\nRidis",
+    "pickbox 0\nTrappola",
+    "label 1\nlabel 2\nlabel 3",
+    "RimTutto\nanswer Cancel\nRimNodoBase",
+};
+
 std::string Argument(Choices &in, const Words &w, const ArgSpec &spec) {
     switch (in.Byte() % 8) {
     case 0: // random bytes in place of the argument
@@ -157,7 +182,7 @@ std::string VerbLine(Choices &in, const Words &w, const std::vector<vorna::Verb<
 std::string Script(Choices &in, const Words &w) {
     std::string script;
     for (int lines = 0; lines < 64 && !in.Done(); ++lines) {
-        switch (in.Byte() % 10) {
+        switch (in.Byte() % 11) {
         case 0:
         case 1:
             script += in.Of(w.menuItems);
@@ -179,6 +204,9 @@ std::string Script(Choices &in, const Words &w) {
         case 8: // a real verb with random bytes after it
             script += vorna::WindowVerbs()[in.Pick(vorna::WindowVerbs().size())].name;
             script += ' ' + in.Raw(24);
+            break;
+        case 9:
+            script += in.Of(kScenes);
             break;
         default:
             script += in.Raw(48);
