@@ -155,6 +155,25 @@ TEST(DiskFaults, EachFailedHandBackFileGivesItsMessageAndKeepsItsBytes) {
     }
 }
 
+// A drawing saved over an older one: the writers' own messages, and the old drawing kept.
+TEST(DiskFaults, AFailedDrawingGivesItsMessageAndKeepsTheOldOne) {
+    const std::array<std::pair<const char *, std::string>, 2> kinds = {
+        {{"1", "message|ERRORE|0|Errore durante la scrittura sul file"},
+         {"2", "message|ERRORE|16|ERRORE: non riesco ad aprire il file "}}};
+    for (const auto &[index, message] : kinds)
+        for (WriteStep step : kSteps) {
+            test::DemoSuite suite;
+            const fs::path drawing = suite.job() / "vista.dis";
+            suite.Write("lavori/demo01/vista.dis", OldText("vista.dis"));
+            WriteFaults faults{[&](WriteStep s, const fs::path &) { return s == step; }};
+            ScopedWriteFaults installed(faults);
+            const std::string output =
+                RunHere(suite, "savefile " + drawing.string() + " " + index + "\nSalvaDisegno\n");
+            EXPECT_NE(output.find(message + drawing.string() + "\n"), std::string::npos) << output;
+            EXPECT_EQ(test::ReadBytes(drawing), OldText("vista.dis"));
+        }
+}
+
 TEST(DiskFaults, FoldersAndFilesThatChangeAfterStartUp) {
     // The job folder vanishes: nothing can be handed back.
     test::DemoSuite gone;
