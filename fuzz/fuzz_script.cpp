@@ -18,6 +18,7 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -32,10 +33,11 @@ struct Suite {
     fs::path root;
     std::string commandLine;
     Suite() {
-        std::string name = (fs::temp_directory_path() / "vorna-fuzz-script-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr)
-            std::abort();
-        root = name;
+        // A lower-case name, as the program spells the root: a name it has to look up case by
+        // case would cost every run a scan of the temporary folder.
+        root = fs::temp_directory_path() / ("vorna-fuzz-script-" + std::to_string(::getpid()));
+        std::error_code ignored;
+        fs::remove_all(root, ignored);
         if (!vorna::tools::WriteSuite(root, vorna::tools::DemoBuilding(), std::nullopt).empty())
             std::abort();
         // Without the Hershey fonts the program starts without labels: still worth fuzzing.
