@@ -1,7 +1,10 @@
 // The analogy search on the full-capacity model: every shown node offered to the test, then the
-// list text, as "Aggiungi" then "Tutto" does; and the choice of a base node with its bar index.
+// list text, as "Aggiungi" then "Tutto" does, under three methods; the catalogue of joint types
+// under each method, on the model and on a copy where no two joints agree; and the choice of a
+// base node with its bar index.
 #include "connection/analogy.h"
 #include "connection/base_node.h"
+#include "connection/joint_types.h"
 #include "large_model.h"
 #include "model/load_structure.h"
 #include "platform/silent_ui.h"
@@ -10,6 +13,7 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
+#include <random>
 
 namespace {
 
@@ -43,14 +47,16 @@ Search &Shared() {
     return search;
 }
 
-void BM_OfferNodes(benchmark::State &bm) {
+void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
     Search &s = Shared();
     if (!s.ready) {
         bm.SkipWithError("no large model or no node with four bars");
         return;
     }
     const int nodes = std::min<int>(static_cast<int>(bm.range(0)), s.model->nodeCount);
-    const AnalogyParameters params;
+    AnalogyParameters params;
+    params.method = method;
+    params.compareLengths = lengths;
     for (auto _ : bm) {
         ResetAnalogousToBaseNode(s.state);
         for (int n = 0; n < nodes; ++n)
@@ -62,12 +68,111 @@ void BM_OfferNodes(benchmark::State &bm) {
     bm.counters["analogous"] = static_cast<double>(s.state.analogousNodes.size());
     bm.SetComplexityN(nodes);
 }
-BENCHMARK(BM_OfferNodes)
-    ->Arg(5000)
-    ->Arg(10000)
-    ->Arg(20001)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity(benchmark::oN);
+#define VORNA_OFFER_NODES(name, method, lengths)                                                   \
+    BENCHMARK_CAPTURE(BM_OfferNodes, name, method, lengths)                                        \
+        ->Arg(5000)                                                                                \
+        ->Arg(10000)                                                                               \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond)                                                            \
+        ->Complexity(benchmark::oN)
+VORNA_OFFER_NODES(identical, AnalogyMethod::Identical, true);
+VORNA_OFFER_NODES(rotated, AnalogyMethod::Rotated, true);
+VORNA_OFFER_NODES(rotated_directions, AnalogyMethod::Rotated, false);
+VORNA_OFFER_NODES(any, AnalogyMethod::Any, true);
+VORNA_OFFER_NODES(any_directions, AnalogyMethod::Any, false);
+
+// The catalogue of joint types over the first nodes of the model (the others hidden), under
+// one method with bar lengths compared or not.
+void BM_CatalogueJointTypes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
+    Search &s = Shared();
+    if (!s.ready) {
+        bm.SkipWithError("no large model");
+        return;
+    }
+    const int nodes = std::min<int>(static_cast<int>(bm.range(0)), s.model->nodeCount);
+    std::fill(s.view->nodeShown.begin(), s.view->nodeShown.end(), 0);
+    std::fill(s.view->nodeShown.begin(), s.view->nodeShown.begin() + nodes, 1);
+    AnalogyParameters params;
+    params.method = method;
+    params.compareLengths = lengths;
+    JointTypeCatalogue catalogue;
+    for (auto _ : bm) {
+        catalogue = CatalogueJointTypes(*s.model, *s.view, s.state.barIndex, params);
+        benchmark::DoNotOptimize(catalogue.types.data());
+    }
+    std::fill(s.view->nodeShown.begin(), s.view->nodeShown.end(), 1);
+    bm.counters["types"] = static_cast<double>(catalogue.types.size());
+    bm.SetComplexityN(nodes);
+}
+#define VORNA_CATALOGUE(name, method, lengths)                                                     \
+    BENCHMARK_CAPTURE(BM_CatalogueJointTypes, name, method, lengths)                               \
+        ->Arg(5000)                                                                                \
+        ->Arg(10000)                                                                               \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond)                                                            \
+        ->Complexity(benchmark::oN)
+VORNA_CATALOGUE(identical, AnalogyMethod::Identical, true);
+VORNA_CATALOGUE(identical_directions, AnalogyMethod::Identical, false);
+VORNA_CATALOGUE(mirrored, AnalogyMethod::IdenticalOrMirrored, true);
+VORNA_CATALOGUE(mirrored_directions, AnalogyMethod::IdenticalOrMirrored, false);
+VORNA_CATALOGUE(rotated, AnalogyMethod::Rotated, true);
+VORNA_CATALOGUE(rotated_directions, AnalogyMethod::Rotated, false);
+VORNA_CATALOGUE(any, AnalogyMethod::Any, true);
+VORNA_CATALOGUE(any_directions, AnalogyMethod::Any, false);
+
+// The same model with every point moved by up to half a unit at random: no two joints agree,
+// every node heads a type of its own and each is tried against the heads near it.
+struct Distinct {
+    std::unique_ptr<StructureModel> model = std::make_unique<StructureModel>();
+    std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
+    ProjectedBarIndex index;
+    bool ready = false;
+
+    Distinct() {
+        const Search &s = Shared();
+        if (!s.ready)
+            return;
+        *model = *s.model;
+        std::mt19937 rng(1);
+        std::uniform_real_distribution<double> offset(-0.5, 0.5);
+        for (int p = 0; p < model->pointCount; ++p) {
+            model->points[p].x += offset(rng);
+            model->points[p].y += offset(rng);
+            model->points[p].z += offset(rng);
+        }
+        ProjectStructure(*model, *view, 30, 30, 0);
+        std::fill(view->nodeShown.begin(), view->nodeShown.end(), 1);
+        ready = true;
+    }
+};
+
+void BM_CatalogueDistinctJoints(benchmark::State &bm, AnalogyMethod method, bool lengths) {
+    static Distinct d;
+    if (!d.ready) {
+        bm.SkipWithError("no large model");
+        return;
+    }
+    AnalogyParameters params;
+    params.method = method;
+    params.compareLengths = lengths;
+    JointTypeCatalogue catalogue;
+    for (auto _ : bm) {
+        catalogue = CatalogueJointTypes(*d.model, *d.view, d.index, params);
+        benchmark::DoNotOptimize(catalogue.types.data());
+    }
+    bm.counters["types"] = static_cast<double>(catalogue.types.size());
+}
+#define VORNA_DISTINCT(name, method, lengths)                                                      \
+    BENCHMARK_CAPTURE(BM_CatalogueDistinctJoints, name, method, lengths)                           \
+        ->Unit(benchmark::kMillisecond)
+VORNA_DISTINCT(identical, AnalogyMethod::Identical, true);
+VORNA_DISTINCT(identical_directions, AnalogyMethod::Identical, false);
+VORNA_DISTINCT(mirrored, AnalogyMethod::IdenticalOrMirrored, true);
+VORNA_DISTINCT(mirrored_directions, AnalogyMethod::IdenticalOrMirrored, false);
+VORNA_DISTINCT(rotated, AnalogyMethod::Rotated, true);
+VORNA_DISTINCT(rotated_directions, AnalogyMethod::Rotated, false);
+VORNA_DISTINCT(any, AnalogyMethod::Any, true);
+VORNA_DISTINCT(any_directions, AnalogyMethod::Any, false);
 
 // The first base node chosen after a rotation: the index of projected bar ends is rebuilt.
 void BM_ChooseBaseNodeAfterRotation(benchmark::State &bm) {

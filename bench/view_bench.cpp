@@ -1,5 +1,8 @@
 // The redraw of a full-capacity model: projection, filter and fit, and the rendering traversal
-// on a canvas that only counts (the floor under any real surface).
+// on a canvas that only counts (the floor under any real surface); and the whole "Salva disegno"
+// of the same view, the export pass and the file.
+#include "export/dis_file.h"
+#include "export/dxf_file.h"
 #include "large_model.h"
 #include "model/load_structure.h"
 #include "platform/silent_ui.h"
@@ -9,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -80,14 +84,19 @@ void BM_ProjectAndFit(benchmark::State &state) {
 }
 BENCHMARK(BM_ProjectAndFit)->Unit(benchmark::kMillisecond);
 
-void BM_DrawStructure(benchmark::State &state) {
+// The model projected and fitted on the canvas, as the input of a drawing.
+DrawInput FittedInput(benchmark::State &state, CountingCanvas &canvas) {
     Loaded &m = Model();
     if (!m.ok)
         state.SkipWithError("the large model did not load");
-    CountingCanvas canvas;
     ProjectStructure(*m.model, *m.view, 30, 30, 0);
     SetViewScale(*m.model, *m.connection, m.filter, *m.view, canvas);
-    const DrawInput input{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+    return DrawInput{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+}
+
+void BM_DrawStructure(benchmark::State &state) {
+    CountingCanvas canvas;
+    const DrawInput input = FittedInput(state, canvas);
     for (auto _ : state) {
         DrawStructure(input, canvas);
         benchmark::DoNotOptimize(canvas.calls);
@@ -96,5 +105,27 @@ void BM_DrawStructure(benchmark::State &state) {
         static_cast<double>(canvas.calls) / static_cast<double>(state.iterations());
 }
 BENCHMARK(BM_DrawStructure)->Unit(benchmark::kMillisecond);
+
+// Argument 1: the .dis file (extents, clean-up, text, write); 2: the DXF file. The buffers fill
+// up on this model: its 84,000 lines do not fit in them.
+void BM_SalvaDisegno(benchmark::State &state) {
+    CountingCanvas canvas;
+    const DrawInput input = FittedInput(state, canvas);
+    const bool dis = state.range(0) == 1;
+    const std::string file =
+        (std::filesystem::temp_directory_path() / (dis ? "vorna-bench.dis" : "vorna-bench.dxf"))
+            .string();
+    std::size_t lines = 0;
+    for (auto _ : state) {
+        DrawBuffers buffers;
+        ExportDrawing(input, canvas, buffers);
+        lines = buffers.lines.size();
+        ExportMessage shown =
+            dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
+        benchmark::DoNotOptimize(shown);
+    }
+    state.counters["lines"] = static_cast<double>(lines);
+}
+BENCHMARK(BM_SalvaDisegno)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,11 +1,15 @@
 // Tests of the folders, the start-up sequence and the script runner's first commands.
+#include "app/commands.h"
 #include "app/folders.h"
 #include "app/script_runner.h"
+#include "platform/plain_canvas.h"
 #include "platform/text.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <random>
 #include <sstream>
 
 namespace vorna {
@@ -117,6 +121,38 @@ TEST(ScriptRunner, UnknownLinesAreReportedAndDumpsShowUnsetOptions) {
                        "node 0 pointIndex=0 pointType=1 colour=2 name=5 constraintCard=0\n"),
               std::string::npos);
     EXPECT_NE(out.find("error|fly away\n"), std::string::npos);
+}
+
+TEST(Layout, TheDrawingFillsItsSpaceAfterAnyTogglesAndResizes) {
+    test::RecordingUi ui;
+    PlainCanvas surface(1500, 1500);
+    auto owned = std::make_unique<Program>(ui, surface, surface);
+    Program &p = *owned;
+    LayOutForm(p);
+    std::mt19937 rng(7);
+    for (int step = 0; step < 400; ++step) {
+        switch (rng() % 3) {
+        case 0:
+            BarraIcone_Click(p);
+            break;
+        case 1:
+            BarraLat_Click(p);
+            break;
+        default:
+            p.form.width = 3000 + static_cast<double>(rng() % 20000);
+            p.form.height = 3000 + static_cast<double>(rng() % 15000);
+            LayOutForm(p);
+        }
+        const FormVorna &f = p.form;
+        const bool bar = f.Toolbar1.visible;
+        ASSERT_EQ(f.BarraIcone.checked, bar);
+        ASSERT_EQ(f.BarraLat.checked, f.FrameSel.visible);
+        // Under the icon bar (or the menu when it is hidden) down to the row of angle boxes.
+        ASSERT_EQ(f.Disegno.top, bar ? 990 : 590) << step;
+        ASSERT_EQ(f.Disegno.top + f.Disegno.height, f.height - 1482) << step;
+        ASSERT_EQ(f.Disegno.width, f.width - (f.FrameSel.visible ? 4656 : 124)) << step;
+        ASSERT_EQ(f.FrameInput.top, bar ? 400 : 0) << step;
+    }
 }
 
 } // namespace

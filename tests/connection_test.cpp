@@ -2,8 +2,11 @@
 // the schema and the connection commands, with differential tests of the fast structures
 // against the procedures as written on random frames.
 #include "app/commands.h"
+#include "connection/assignment.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
+#include "connection/joint_types.h"
+#include "connection/rotation_match.h"
 #include "exchange/result_file.h"
 #include "recording_canvas.h"
 #include "test_support.h"
@@ -12,7 +15,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <memory>
+#include <numbers>
+#include <numeric>
 #include <random>
 
 namespace vorna {
@@ -133,7 +140,7 @@ TEST(Analogy, DirectionsLengthsAndMethods) {
     EXPECT_EQ(f.Test(longer, identical), 0);
     EXPECT_EQ(f.Test(longer, byDirection), 1);
     EXPECT_EQ(f.Test(turned, identical), 0);
-    EXPECT_EQ(f.Test(turned, Params(AnalogyMethod::Any)), 0);
+    EXPECT_EQ(f.Test(fewer, Params(AnalogyMethod::Any, false)), 0);
     EXPECT_EQ(f.Test(turned, mirrored), 1);
     EXPECT_EQ(f.Test(same, identical), 1); // listed already: still 1, list unchanged
     EXPECT_EQ(f.Listed(), (std::vector<int>{base, same, more, longer, turned}));
@@ -171,6 +178,257 @@ TEST(Analogy, SharedBarsZeroLengthsPropertiesAndTheHundredBarLimit) {
     ASSERT_EQ(f.ui.messages.size(), 1u);
     EXPECT_EQ(f.ui.messages[0].title, "Problema");
     EXPECT_EQ(f.ui.messages[0].text, " Numero eccessivo di potenziali aste base ");
+}
+
+int Roll(std::mt19937 &rng, int n) {
+    return static_cast<int>(rng() % static_cast<unsigned>(n));
+}
+
+// v turned by angle about the unit axis (Rodrigues).
+Vec3 Turned(const Vec3 &v, const Vec3 &axis, double angle) {
+    const Vec3 across = Cross(axis, v);
+    const double along = Dot(axis, v) * (1 - std::cos(angle));
+    return {v[0] * std::cos(angle) + across[0] * std::sin(angle) + axis[0] * along,
+            v[1] * std::cos(angle) + across[1] * std::sin(angle) + axis[1] * along,
+            v[2] * std::cos(angle) + across[2] * std::sin(angle) + axis[2] * along};
+}
+
+Vec3 UnitOf(const Vec3 &v) {
+    return Scaled(v, 1 / Norm(v));
+}
+
+TEST(Analogy, RotatedJointsAreFoundMirrorImagesAndBentOnesAreNot) {
+    std::mt19937 rng(7);
+    std::uniform_real_distribution<double> any(-1, 1), angle(0.1, 6.2);
+    for (int round = 0; round < 20; ++round) {
+        Frame f;
+        std::vector<Vec3> bars;
+        for (int k = 0; k < 5; ++k)
+            bars.push_back(Scaled({any(rng), any(rng), any(rng)}, 3));
+        const Vec3 axis = UnitOf({any(rng), any(rng), any(rng)});
+        const Vec3 normal = UnitOf({any(rng), any(rng), any(rng)});
+        const double turn = angle(rng);
+        // Turned about an oblique axis, listed in another order after an extra bar.
+        std::vector<int> order = {3, 0, 4, 1, 2};
+        std::vector<Vec3> turned = {{0, 0, 2}}, mirror, bent;
+        for (int k : order)
+            turned.push_back(Turned(bars[k], axis, turn));
+        for (const Vec3 &b : bars) {
+            mirror.push_back(Sub(b, Scaled(normal, 2 * Dot(b, normal))));
+            bent.push_back(Turned(b, axis, turn));
+        }
+        bent[2] = Turned(bent[2], UnitOf(Cross(bent[2], axis)), 0.05); // three degrees off
+        const int base = f.Joint(0, 0, 0, bars, 1), firstTurned = f.m->barCount;
+        const int t = f.Joint(20, 0, 0, turned, 2), m = f.Joint(40, 0, 0, mirror, 3),
+                  b = f.Joint(60, 0, 0, bent, 4);
+        f.Project();
+        f.ChooseBase(base);
+        for (bool lengths : {true, false}) {
+            ASSERT_EQ(f.Test(t, Params(AnalogyMethod::Rotated, lengths)), 1);
+            const AnalogousNode &r = f.s.analogousNodes.back();
+            for (int k = 0; k < 5; ++k) // after the extra bar, in the order they were turned
+                EXPECT_EQ(r.bars[k],
+                          firstTurned + 1 +
+                              (std::find(order.begin(), order.end(), k) - order.begin()));
+            EXPECT_EQ(f.Test(m, Params(AnalogyMethod::Rotated, lengths)), 0);
+            EXPECT_EQ(f.Test(b, Params(AnalogyMethod::Rotated, lengths)), 0);
+            EXPECT_EQ(f.Test(m, Params(AnalogyMethod::Any, lengths)), 1);
+            EXPECT_EQ(f.Test(b, Params(AnalogyMethod::Any, lengths)), 1);
+            ClearAnalogous(f.s);
+        }
+    }
+}
+
+// Every pairing of n base bars with distinct candidates out of m, in lexicographic order (the
+// first n places of the permutations, each seen m - n factorial times), until visit says stop.
+template <typename Visit> void EachPairing(int n, int m, Visit visit) {
+    std::vector<int> order(m);
+    std::iota(order.begin(), order.end(), 0);
+    do {
+        if (!visit(std::vector<int>(order.begin(), order.begin() + n)))
+            return;
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+// The first pairing, in lexicographic order, whose least-squares rotation fits every pair.
+std::optional<std::vector<int>> RotatedByEnumeration(const std::vector<Vec3> &base,
+                                                     const std::vector<Vec3> &candidates) {
+    const int n = static_cast<int>(base.size()), m = static_cast<int>(candidates.size());
+    std::optional<std::vector<int>> found;
+    if (n > m)
+        return found;
+    EachPairing(n, m, [&](const std::vector<int> &p) {
+        std::vector<Vec3> to;
+        for (int c : p)
+            to.push_back(candidates[c]);
+        const Rotation r = BestFitRotation(base, to);
+        bool fits = true;
+        for (int k = 0; k < n; ++k)
+            fits = fits && AllBelow(Sub(Rotate(r, base[k]), to[k]), 0.0001);
+        if (fits)
+            found = p;
+        return !fits;
+    });
+    return found;
+}
+
+TEST(RotatedMatch, BestFitCollinearBasesAndTheFirstPairingAgainstEnumeration) {
+    std::mt19937 rng(11);
+    std::uniform_real_distribution<double> any(-1, 1);
+    const Vec3 axis = UnitOf({0.3, -0.5, 0.8});
+    std::vector<Vec3> from, to;
+    for (int k = 0; k < 4; ++k) {
+        from.push_back({any(rng), any(rng), any(rng)});
+        to.push_back(Turned(from.back(), axis, 2.5));
+    }
+    const Rotation r = BestFitRotation(from, to);
+    for (int k = 0; k < 4; ++k)
+        EXPECT_TRUE(AllBelow(Sub(Rotate(r, from[k]), to[k]), 1e-12));
+
+    // Collinear base bars: any rotation onto the candidates' line does.
+    const Vec3 w = UnitOf({1, 2, 2});
+    const std::vector<std::optional<Vec3>> line = {Vec3{0, 3, 0}, Scaled(w, -1), Scaled(w, 2),
+                                                   std::nullopt, Vec3{0, 0, -2}};
+    EXPECT_EQ(MatchRotated({{2, 0, 0}, {-1, 0, 0}}, line), (std::vector<int>{2, 1}));
+    EXPECT_EQ(MatchRotated({{0, 0, 1}, {0, 0, -2}}, line), (std::vector<int>{1, 2}));
+    EXPECT_EQ(MatchRotated({{0, 0, 1}, {0, 0, 1}}, line), std::nullopt);
+    // Base bar 1 takes the earliest candidate a rotation allows, not the identity's.
+    EXPECT_EQ(MatchRotated({{1, 0, 0}, {0, 1, 0}},
+                           {Vec3{0, 0, 1}, Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, -1}}),
+              (std::vector<int>{0, 1}));
+
+    // Turned joints whose every component is off by up to 0.00009: the turn fits them all, and
+    // the search may miss only the odd one at that edge of the tolerance.
+    int found = 0;
+    for (int round = 0; round < 300; ++round) {
+        std::vector<Vec3> base;
+        std::vector<std::optional<Vec3>> turned;
+        const Vec3 about = UnitOf({any(rng), any(rng), any(rng)});
+        const double angle = 3 * any(rng);
+        for (int k = 2 + Roll(rng, 5); k > 0; --k) {
+            base.push_back(Scaled({any(rng), any(rng), any(rng)}, 300));
+            Vec3 t = Turned(base.back(), about, angle);
+            for (double &x : t)
+                x += 9e-5 * any(rng);
+            turned.push_back(t);
+        }
+        found += MatchRotated(base, turned).has_value();
+    }
+    EXPECT_GE(found, 297);
+
+    // Lattice joints, often symmetric, against a cube rotation of them with extra bars.
+    auto lattice = [&] {
+        Vec3 v{0, 0, 0};
+        while (Norm(v) == 0)
+            v = {Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0};
+        return Scaled(v, 1.0 + Roll(rng, 2));
+    };
+    for (int round = 0; round < 400; ++round) {
+        const int n = 1 + Roll(rng, 4);
+        std::vector<Vec3> base, candidates;
+        for (int k = 0; k < n; ++k)
+            base.push_back(lattice());
+        const Vec3 cube =
+            std::array<Vec3, 4>{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 1}}}[Roll(rng, 4)];
+        const double quarter = std::numbers::pi / 2 * Roll(rng, 4);
+        for (const Vec3 &b : base)
+            candidates.push_back(Roll(rng, 5) ? Turned(b, UnitOf(cube), quarter) : lattice());
+        for (int extra = Roll(rng, 3); extra > 0; --extra)
+            candidates.push_back(lattice());
+        std::shuffle(candidates.begin(), candidates.end(), rng);
+        if (Roll(rng, 2)) {
+            for (Vec3 &b : base)
+                b = UnitOf(b);
+            for (Vec3 &c : candidates)
+                c = UnitOf(c);
+        }
+        const std::vector<std::optional<Vec3>> offered(candidates.begin(), candidates.end());
+        ASSERT_EQ(MatchRotated(base, offered), RotatedByEnumeration(base, candidates))
+            << "round " << round;
+    }
+}
+
+// "Nodi qualsiasi" by enumeration: the smallest sum of angles over the allowed pairings, the
+// first in lexicographic order among sums that tie.
+std::optional<std::vector<int>> AnyByEnumeration(const Joint &base, const Joint &candidate,
+                                                 bool lengths) {
+    const int n = static_cast<int>(base.bars.size()), m = static_cast<int>(candidate.bars.size());
+    if (n > m)
+        return std::nullopt;
+    std::optional<std::vector<int>> best;
+    double bestSum = 0;
+    EachPairing(n, m, [&](const std::vector<int> &p) {
+        double sum = 0;
+        bool allowed = true;
+        for (int k = 0; k < n && allowed; ++k) {
+            const JointBar &b = base.bars[k], &c = candidate.bars[p[k]];
+            const auto u = DirectionOf(b), v = DirectionOf(c);
+            allowed = u && v && (!lengths || std::fabs(b.length - c.length) < 0.0001);
+            if (allowed)
+                sum += std::acos(std::clamp(Dot(*u, *v), -1.0, 1.0));
+        }
+        if (allowed && (!best || sum < bestSum - 1e-7))
+            best = p, bestSum = sum;
+        return true;
+    });
+    return best;
+}
+
+TEST(AnyMatch, PairingAgainstEnumerationOnSmallJoints) {
+    std::mt19937 rng(5);
+    std::uniform_real_distribution<double> any(-1, 1);
+    auto model = std::make_unique<StructureModel>();
+    auto bar = [&](int index) {
+        JointBar b;
+        b.bar = static_cast<std::int16_t>(index);
+        const int kind = Roll(rng, 12);
+        if (kind == 0) // meets the node only in the projection
+            return b;
+        Vec3 v = kind < 6 ? Vec3{any(rng), any(rng), any(rng)}
+                          : Vec3{Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0, 1.0};
+        v = kind == 1 ? Vec3{0, 0, 0} : Scaled(v, 1.0 + Roll(rng, 2));
+        b.vector = v;
+        b.length = Norm(v);
+        return b;
+    };
+    int accepted = 0;
+    for (int round = 0; round < 600; ++round) {
+        Joint base{0, {}}, candidate{1, {}};
+        const int n = 1 + Roll(rng, 4), m = n + Roll(rng, 3);
+        for (int k = 0; k < n; ++k)
+            base.bars.push_back(bar(k));
+        for (int c = 0; c < m; ++c)
+            candidate.bars.push_back(bar(10 + c));
+        AnalogyParameters params = Params(AnalogyMethod::Any, Roll(rng, 2) == 1);
+        const AnalogyMatch match = MatchAnalogy(*model, base, candidate, params);
+        const auto expected = AnyByEnumeration(base, candidate, params.compareLengths);
+        ASSERT_EQ(match.outcome == AnalogyOutcome::Analogous, expected.has_value());
+        if (!expected)
+            continue;
+        ++accepted;
+        for (int k = 0; k < n; ++k)
+            ASSERT_EQ(match.record.bars[k], 10 + (*expected)[k]) << "round " << round;
+    }
+    EXPECT_GT(accepted, 150);
+}
+
+TEST(AnyMatch, LargeJointsTakeTheAssignmentNotEnumeration) {
+    // A hundred bars fanned out, the base the same fan turned a little: every bar finds its
+    // own neighbour, in a time enumeration could never take.
+    auto model = std::make_unique<StructureModel>();
+    Joint base{0, {}}, candidate{1, {}};
+    for (int k = 0; k < 100; ++k) {
+        const double a = 2 * std::numbers::pi * k / 100;
+        const Vec3 v{std::cos(a), std::sin(a), 0.1 * (k % 7)};
+        candidate.bars.push_back({static_cast<std::int16_t>(k), v, Norm(v)});
+        const Vec3 w = Turned(v, {0, 0, 1}, 0.01);
+        base.bars.push_back({static_cast<std::int16_t>(k), w, Norm(w)});
+    }
+    std::rotate(candidate.bars.begin(), candidate.bars.begin() + 37, candidate.bars.end());
+    const AnalogyMatch match = MatchAnalogy(*model, base, candidate, Params(AnalogyMethod::Any));
+    ASSERT_EQ(match.outcome, AnalogyOutcome::Analogous);
+    for (int k = 0; k < 100; ++k)
+        EXPECT_EQ(match.record.bars[k], k);
 }
 
 ConnectionInput ThreeTypes(const std::string &code) {
@@ -308,13 +566,21 @@ int TestAnalogy(const StructureModel &m, const ViewState &v, const ConnectionSta
     std::vector<int> candidates = BarsAt(m, v, n);
     if (!HasUsableBaseNode(s) || candidates.size() > 100)
         return HasUsableBaseNode(s) ? (++messages, 0) : 0;
-    const bool mirrored = params.method != AnalogyMethod::Identical && n != s.baseNode;
-    if (static_cast<int>(candidates.size()) < s.baseBarCount ||
-        (mirrored && params.method != AnalogyMethod::IdenticalOrMirrored))
+    if (static_cast<int>(candidates.size()) < s.baseBarCount)
         return 0;
+    const bool identical = params.method == AnalogyMethod::Identical || n == s.baseNode;
+    const bool mirrored = !identical && params.method == AnalogyMethod::IdenticalOrMirrored;
     AnalogousNode record = Record(n, {});
+    if (!identical && !mirrored) { // the pairings, checked against enumeration above
+        std::vector<std::int16_t> bars(candidates.begin(), candidates.end());
+        std::vector<std::int16_t> baseBars(s.baseBars.begin(), s.baseBars.begin() + s.baseBarCount);
+        const AnalogyMatch match =
+            MatchAnalogy(m, JointAt(m, s.baseNode, baseBars), JointAt(m, n, bars), params);
+        if (match.outcome == AnalogyOutcome::Analogous)
+            record = match.record;
+    }
     std::vector<bool> used(candidates.size());
-    for (int k = 0; k < s.baseBarCount; ++k) {
+    for (int k = 0; k < s.baseBarCount && (identical || mirrored); ++k) {
         auto b = Compared(m, s.baseBars[k], s.baseNode, params.compareLengths);
         for (std::size_t c = 0; b && c < candidates.size(); ++c) {
             auto w = Compared(m, candidates[c], n, params.compareLengths);
@@ -402,6 +668,44 @@ TypeBarLists Classify(const StructureModel &m, ConnectionState &s, AnalogyMethod
     return lists;
 }
 
+// Every shown live node with bars tried against every head in order, each head chosen as base
+// node as the command does it and the node offered to the analogy test.
+JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
+                             const AnalogyParameters &params) {
+    JointTypeCatalogue catalogue;
+    auto s = std::make_unique<ConnectionState>();
+    test::RecordingUi ui;
+    MessageCatalogue messages;
+    FillMessageCatalogue(messages);
+    for (int n = 0; n < m.nodeCount; ++n) {
+        const std::vector<int> bars = BarsAt(m, v, n);
+        if (!IsLive(m.nodes[n]) || !v.nodeShown[n] || bars.empty())
+            continue;
+        if (bars.size() > 100) {
+            catalogue.overcrowded.push_back(n);
+            continue;
+        }
+        bool joined = false;
+        for (JointType &t : catalogue.types) {
+            if (BarsAt(m, v, t.nodes[0]).size() != bars.size())
+                continue;
+            s->baseNode = static_cast<std::int16_t>(t.nodes[0]);
+            GatherBaseBars(m, v, *s, ui, messages);
+            if (s->baseBarCount > 0 && TestAnalogy(m, v, *s, params, n, ui, messages)) {
+                t.nodes.push_back(n);
+                joined = true;
+                break;
+            }
+        }
+        if (!joined)
+            catalogue.types.push_back({static_cast<int>(bars.size()), {n}});
+    }
+    std::stable_sort(
+        catalogue.types.begin(), catalogue.types.end(),
+        [](const JointType &a, const JointType &b) { return a.nodes.size() > b.nodes.size(); });
+    return catalogue;
+}
+
 } // namespace reference
 
 // A small random frame on a lattice: repeated points, some moved by less than the tolerance
@@ -433,6 +737,29 @@ void RandomFrame(Frame &f, std::mt19937 &rng) {
     const double angles[3][3] = {{0, 0, 0}, {30, 30, 0}, {90, 0, 0}};
     const auto &a = angles[pick(3)];
     f.Project(a[0], a[1], a[2]);
+}
+
+// A regular lattice where most joints repeat, turned or not: bars along the axes, now and then
+// a diagonal, an unnamed bar or another colour; some points moved by less than the tolerance
+// so that lengths agree in chains (a ~ b, b ~ c, not a ~ c).
+void RepeatedJointsFrame(Frame &f, std::mt19937 &rng) {
+    constexpr int nx = 5, ny = 4, nz = 3;
+    for (int p = 0; p < nx * ny * nz; ++p) {
+        auto jitter = [&] { return Roll(rng, 12) == 0 ? (Roll(rng, 2) * 2 - 1) * 0.00007 : 0.0; };
+        f.Point(p % nx + jitter(), p / nx % ny + jitter(), p / (nx * ny) + jitter());
+        f.Node(p, p + 1);
+    }
+    auto at = [&](int x, int y, int z) {
+        return x < nx && y < ny && z < nz ? x + nx * (y + ny * z) : -1;
+    };
+    for (int p = 0; p < nx * ny * nz; ++p) {
+        const int x = p % nx, y = p / nx % ny, z = p / (nx * ny);
+        for (int to : {at(x + 1, y, z), at(x, y + 1, z), at(x, y, z + 1),
+                       Roll(rng, 6) ? -1 : at(x + 1, y, z + 1)})
+            if (to >= 0 && Roll(rng, 20) != 0)
+                f.Bar(p, to, Roll(rng, 20) ? f.m->barCount + 1 : 0, Roll(rng, 20) ? 1 : 2);
+    }
+    f.Project(Roll(rng, 4) ? 30 : 0, Roll(rng, 4) ? 30 : 0, 0);
 }
 
 void ExpectSameList(const ConnectionState &s, const std::vector<AnalogousNode> &list,
@@ -517,6 +844,129 @@ TEST(ConnectionDifferential, RandomFramesAndCommandsMatchTheWrittenProcedures) {
             ASSERT_EQ(texts[t], RangeText(names));
         }
     }
+}
+
+std::vector<std::vector<int>> NodesOf(const JointTypeCatalogue &catalogue) {
+    std::vector<std::vector<int>> nodes;
+    for (const JointType &t : catalogue.types)
+        nodes.push_back(t.nodes);
+    return nodes;
+}
+
+TEST(JointTypes, GroupsInOrderAndLeavesOutWhatNoTestCanTake) {
+    Frame f;
+    const std::vector<Vec3> corner = {{1, 0, 0}, {0, 0, 1}}, flat = {{1, 0, 0}, {0, 1, 0}};
+    std::vector<Vec3> more = kBeamColumn;
+    more.push_back({0, 4, 0});
+    auto unnamed = [&](int node) {
+        for (int b = 0; b < f.m->barCount; ++b)
+            if (f.m->bars[b].pointI == f.m->nodes[node].pointIndex)
+                f.m->bars[b].name = 0;
+        return node;
+    };
+    const int a = f.Joint(0, 0, 0, kBeamColumn, 1), c = f.Joint(20, 0, 0, corner, 2);
+    const int d = f.Joint(40, 0, 0, {{2, 0, 0}, {-3, 0, 0}, {0, 0, -3}}, 3);
+    const int b = f.Joint(60, 0, 0, kBeamColumn, 4);
+    f.view->nodeShown[f.Joint(80, 0, 0, kBeamColumn, 5)] = 0;
+    f.m->nodes[f.Joint(100, 0, 0, kBeamColumn, 6)].colour = 10; // not live
+    f.Node(f.Point(120, 0, 0), 7);                              // no bars
+    // Unnamed bars still count at a candidate; a head with none named takes no members.
+    const int namelessCorner = unnamed(f.Joint(140, 0, 0, corner, 8));
+    const int namelessFlat = unnamed(f.Joint(160, 0, 0, flat, 9));
+    const int flatToo = f.Joint(180, 0, 0, flat, 10);
+    const int crowded = f.Joint(200, 0, 0, std::vector<Vec3>(101, Vec3{0, 1, 0}), 11);
+    const int e = f.Joint(220, 0, 0, corner, 12), extra = f.Joint(240, 0, 0, more, 13);
+    f.Project();
+
+    JointTypeCatalogue identical =
+        CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Identical));
+    EXPECT_EQ(NodesOf(identical),
+              (std::vector<std::vector<int>>{
+                  {c, namelessCorner, e}, {a, b}, {d}, {namelessFlat}, {flatToo}, {extra}}));
+    EXPECT_EQ(identical.types[0].barCount, 2);
+    EXPECT_EQ(identical.types[5].barCount, 4); // the base pattern is there, one bar more is not
+    EXPECT_EQ(identical.overcrowded, std::vector<int>{crowded});
+    // Turned, the flat pair is the corner; equal counts keep the order of their heads.
+    EXPECT_EQ(
+        NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Rotated))),
+        (std::vector<std::vector<int>>{
+            {c, namelessCorner, namelessFlat, flatToo, e}, {a, d, b}, {extra}}));
+
+    // Every component within the tolerance, the lengths 0.00014 apart: still one type.
+    Frame g;
+    g.Joint(0, 0, 0, {{1, 1, 1}, {0, 0, -1}}, 1);
+    g.Joint(20, 0, 0, {{1.00008, 1.00008, 1.00008}, {0, 0, -1}}, 2);
+    g.Project();
+    for (int method = 0; method < 3; ++method)
+        EXPECT_EQ(CatalogueJointTypes(*g.m, *g.view, g.s.barIndex,
+                                      Params(static_cast<AnalogyMethod>(method)))
+                      .types.size(),
+                  1u);
+}
+
+TEST(JointTypes, FastCatalogueEqualsTheLiteralGroupingOnRandomFrames) {
+    std::mt19937 rng(4242);
+    int types = 0, nodes = 0;
+    for (int round = 0; round < 40; ++round) {
+        Frame f;
+        if (round % 4 == 0)
+            RandomFrame(f, rng);
+        else
+            RepeatedJointsFrame(f, rng);
+        for (int n = 0; n < f.m->nodeCount; ++n) {
+            f.view->nodeShown[n] = Roll(rng, 8) != 0;
+            if (Roll(rng, 10) == 0)
+                f.m->nodes[n].colour = 12;
+        }
+        for (int method = 0; method < 4; ++method)
+            for (bool lengths : {true, false}) {
+                AnalogyParameters params = Params(static_cast<AnalogyMethod>(method), lengths);
+                params.compareColours = Roll(rng, 3) == 0;
+                params.compareSections = Roll(rng, 3) == 0;
+                const JointTypeCatalogue fast =
+                    CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, params);
+                const JointTypeCatalogue literal = reference::Catalogue(*f.m, *f.view, params);
+                ASSERT_EQ(NodesOf(fast), NodesOf(literal)) << round << " " << method;
+                ASSERT_EQ(fast.overcrowded, literal.overcrowded);
+                for (std::size_t t = 0; t < fast.types.size(); ++t)
+                    ASSERT_EQ(fast.types[t].barCount, literal.types[t].barCount);
+                types += static_cast<int>(fast.types.size());
+                for (const JointType &t : fast.types)
+                    nodes += static_cast<int>(t.nodes.size());
+            }
+    }
+    EXPECT_GT(nodes - types, 320 * 10); // on average ten nodes join a type in each catalogue
+}
+
+TEST(JointTypes, FarAndBrokenCoordinatesNeitherHangNorChangeTheGrouping) {
+    Frame f;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    std::vector<int> joints;
+    for (double x : {1e13, 1e13 + 20, 3e14, -3e14, 0.0})
+        joints.push_back(f.Joint(x, 0, 0, kBeamColumn, 1 + static_cast<int>(joints.size())));
+    joints.push_back(f.Joint(40, 0, 0, {{nan, 0, 0}, {1, 0, 0}, {0, 0, -3}}, 8));
+    joints.push_back(f.Joint(60, 0, 0, {{inf, 0, 0}, {3, 0, 0}, {0, 0, -3}}, 9));
+    // Bars so long that the rounding of their lengths exceeds the tolerance.
+    for (int k = 0; k < 2; ++k)
+        joints.push_back(f.Joint(80 + 20 * k, 0, 0, {{3e14, 0, 0}, {0, 2e13, 0}}, 10 + k));
+    f.Project();
+    const auto &j = joints;
+    EXPECT_EQ(
+        NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, Params(AnalogyMethod::Identical))),
+        (std::vector<std::vector<int>>{
+            {j[0], j[1], j[2], j[3], j[4]}, {j[7], j[8]}, {j[5]}, {j[6]}}));
+    for (int method = 0; method < 4; ++method)
+        for (bool lengths : {true, false}) {
+            const AnalogyParameters params = Params(static_cast<AnalogyMethod>(method), lengths);
+            EXPECT_EQ(NodesOf(CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, params)),
+                      NodesOf(reference::Catalogue(*f.m, *f.view, params)));
+            for (int base : joints) {
+                f.ChooseBase(base);
+                for (int n : joints)
+                    f.Test(n, params);
+            }
+        }
 }
 
 // The connection commands as the window runs them.

@@ -69,5 +69,30 @@ TEST(EndToEndConnection, AnEmptyNameListLeavesTheBaseBarsAndTheirTypes) {
         << r.output;
 }
 
+TEST(EndToEndConnection, TurnedJointsAreFoundAndTypedByTheirPairing) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run("option OpzMetodo(2)\nNodoBase\nclicknode 13\nlabel 2\n"
+                                  "Aggiungi\nTuttiCol\ndump connection\nSalvaGeom\n");
+    EXPECT_EQ(r.status, 0) << r.output;
+    // The corner joints of the floor, each turned in plan from node 13's.
+    EXPECT_NE(r.output.find("analogousListText=13,24-25,36\n"), std::string::npos) << r.output;
+    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"), Expected("rotated-VornaOut.txt"));
+}
+
+TEST(EndToEndConnection, UsingAJointTypeIsDefiningItByHand) {
+    const std::string files[] = {"Collegamenti.txt", "Dati_Coll_3D.txt"};
+    test::DemoSuite byHand, fromList;
+    test::RunResult hand = byHand.Run("NodoBase\nclicknode 18\nAggiungi\nNome\n"
+                                      "set Risposta 19,30,31\nkey Enter\ndump connection\n"
+                                      "ScriColl\n");
+    test::RunResult used = fromList.Run("TipiNodo\nset ListaTipi 2\nbutton Usa\n"
+                                        "dump connection\nScriColl\n");
+    EXPECT_EQ(used.status, 0);
+    EXPECT_EQ(used.output, hand.output);
+    for (const std::string &name : files)
+        EXPECT_EQ(test::ReadBytes(fromList.job() / name), test::ReadBytes(byHand.job() / name))
+            << name;
+}
+
 } // namespace
 } // namespace vorna

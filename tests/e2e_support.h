@@ -104,10 +104,15 @@ public:
     // Runs the program with the script's lines, headless; standard output is captured.
     RunResult Run(const std::string &script) const { return Run(script, rootName()); }
     RunResult Run(const std::string &script, const std::string &root) const {
+        return RunWithPrefix(script, root, "");
+    }
+    // The same with a command before the program's name (another user's rights, say).
+    RunResult RunWithPrefix(const std::string &script, const std::string &root,
+                            const std::string &prefix) const {
         dir_.Write("test.script", script);
-        std::string command = "QT_QPA_PLATFORM=offscreen " + Program().command + " --script " +
-                              ShellQuoted(NameForProgram(dir_.path() / "test.script")) + " " +
-                              ShellQuoted("|diroot=" + root + "|") + " 2>/dev/null";
+        std::string command = "QT_QPA_PLATFORM=offscreen " + prefix + Program().command +
+                              " --script " + ShellQuoted(NameForProgram(dir_.path() / "test.script")) +
+                              " " + ShellQuoted("|diroot=" + root + "|") + " 2>/dev/null";
         RunResult result;
         std::unique_ptr<FILE, int (*)(FILE *)> pipe(popen(command.c_str(), "r"), pclose);
         std::array<char, 4096> buffer;

@@ -176,11 +176,11 @@ TEST(FileCommands, InputAtStartUpAndTheWaysOut) {
         EXPECT_EQ(job.ui.messages[0].icon, MsgIcon::Critical);
     }
     {
-        Job job; // no base node: nothing written, the message, the end all the same
+        Job job; // no base node: nothing written, the message, the end with status 1
         ScriColl_Click(*job.p);
         ASSERT_EQ(job.ui.messages.size(), 1u);
         EXPECT_EQ(job.ui.messages[0].text, " Non \xE8 possibile scrivere il file di uscita ");
-        EXPECT_EQ(job.ui.exitStatus, 0);
+        EXPECT_EQ(job.ui.exitStatus, 1);
         EXPECT_TRUE(std::filesystem::is_empty(job.dir.path()));
     }
     {

@@ -1,4 +1,5 @@
-// Tests of the display and internal options files.
+// Tests of the display and internal options files and of the two options dialogs.
+#include "options/form_opt.h"
 #include "options/options.h"
 #include "test_support.h"
 
@@ -57,6 +58,89 @@ TEST(DisplayOptions, SavedOptionsReadBackTheSameAndFailuresSayMessage5) {
     }
     EXPECT_EQ(WriteDisplayOptions((dir.path() / "none").string(), o, messages),
               " Problemi nel salvataggio delle opzioni ");
+}
+
+struct Dialogs : ::testing::Test {
+    Dialogs() {
+        FillMessageCatalogue(messages);
+        SetDefaultDisplayOptions(options);
+    }
+    test::TempDir dir;
+    MessageCatalogue messages;
+    DisplayOptions options;
+    test::RecordingUi ui;
+    FormOptDialog Open() { return FormOptDialog(options, dir.path().string(), messages, ui); }
+};
+
+TEST_F(Dialogs, FormOptShowsTheOptionsWithItsFallbacksAndEnabling) {
+    options.values[opt::kWidthNormal] = OptionValue::Of(0);
+    options.values[opt::kTextColour] = OptionValue::Of(4);
+    options.values[opt::kBarLabels] = OptionValue::Of(1);
+    FormOptDialog d = Open();
+    EXPECT_EQ(d.form.SpNonSel.text, "1"); // a width of 0 is shown as 1
+    EXPECT_EQ(d.form.SpSel.text, "4");
+    EXPECT_EQ(d.form.ColoreAsteBase.backColour, 16776960u);
+    for (int i = 1; i <= 9; ++i)
+        EXPECT_EQ(d.form.LabelBordCol[i].backColour, i == 4 ? 0x00FFFF00u : 0x0000FFu) << i;
+    EXPECT_FALSE(d.form.TxtNodi[0].enabled);
+    EXPECT_TRUE(d.form.TxtAste[4].enabled);
+    EXPECT_TRUE(d.form.DistTxt.enabled && d.form.LabelCol[9].enabled);
+    d.form.CheckTxtAste.checked = false;
+    d.MouseUp("CheckTxtAste");
+    EXPECT_FALSE(d.form.DistTxt.enabled || d.form.Label8.enabled || d.form.LabelCol[9].enabled);
+    d.form.CheckSpGus.checked = false;
+    d.Click("CheckSpGus");
+    EXPECT_FALSE(d.form.SpMinGus.enabled || d.form.Label1.enabled);
+
+    d.Click("Chiudi"); // the shown fallback is taken over
+    EXPECT_TRUE(d.closed);
+    EXPECT_EQ(options(opt::kWidthNormal), 1);
+    EXPECT_EQ(options(opt::kBarLabels), 0);
+    EXPECT_EQ(options(opt::kHideThinShells), 0);
+}
+
+TEST_F(Dialogs, AnEmptyTextSizeTurnsOffEveryLabelAndEscTakesNothing) {
+    options.values[opt::kNodeLabels] = OptionValue::Of(1);
+    options.values[opt::kBarLabels] = OptionValue::Of(1);
+    FormOptDialog esc = Open();
+    esc.form.BaseTxt.text = "";
+    esc.Click("LabelCol(7)");
+    esc.Escape();
+    EXPECT_EQ(options(opt::kTextWidth), 5);
+    EXPECT_EQ(options(opt::kTextColour), 1);
+
+    FormOptDialog d = Open();
+    d.form.BaseTxt.text = "";
+    d.form.DistTxt.text = "x";
+    d.Click("LabelCol(7)");
+    d.Click("Chiudi");
+    EXPECT_EQ(options(opt::kNodeLabels), 0);
+    EXPECT_EQ(options(opt::kBarLabels), 0);
+    EXPECT_EQ(options(opt::kTextWidth), 0);
+    EXPECT_EQ(options(opt::kTextHeight), 5);
+    EXPECT_EQ(options(opt::kTextDistance), 0); // not a number
+    EXPECT_EQ(options(opt::kTextColour), 7);
+}
+
+TEST_F(Dialogs, ColoursComeFromTheChooserAndSalvaWritesWhatReadsBack) {
+    ui.colours = {0x123456u, std::nullopt};
+    FormOptDialog d = Open();
+    d.Click("Command4");
+    d.Click("Command1"); // cancelled: unchanged
+    EXPECT_EQ(d.form.ColoreSel.backColour, 0x123456u);
+    EXPECT_EQ(d.form.ColoreNodoBase.backColour, 65280u);
+    d.form.SpMinGus.text = "2.5cm";
+    d.Click("Salva");
+    EXPECT_FALSE(d.closed);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, " Opzioni salvate ");
+    EXPECT_EQ(ui.messages[0].title, "INFORMAZIONE");
+    DisplayOptions back;
+    ReadDisplayOptions(dir.path().string(), back);
+    for (int k = 1; k <= kDisplayOptionCount; ++k)
+        EXPECT_EQ(back.values[k].Text(), options.values[k].Text()) << k;
+    EXPECT_EQ(back(opt::kMinShellThickness), 2.5);
+    EXPECT_EQ(back(opt::kHighlightColour), 0x123456);
 }
 
 } // namespace

@@ -51,11 +51,99 @@ TEST(NumberText, RoundingIsHalfToEvenAndRangeChecked) {
 
 TEST(Text, Cp1252RoundTripsEveryByte) {
     std::string all;
-    for (int c = 1; c < 256; ++c)
+    for (int c = 0; c < 256; ++c)
         all += static_cast<char>(c);
     EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(all)), all);
     EXPECT_EQ(Utf8ToCp1252("è€"), "\xE8\x80");
     EXPECT_EQ(LowerCase("C:\\SUITE\xC8"), "c:\\suite\xE8");
+    std::mt19937 rng(11);
+    for (int round = 0; round < 500; ++round) {
+        std::string bytes;
+        for (auto n = rng() % 40; n > 0; --n)
+            bytes += static_cast<char>(rng());
+        ASSERT_EQ(Utf8ToCp1252(Cp1252ToUtf8(bytes)), bytes);
+    }
+}
+
+// A byte that does not belong to a valid UTF-8 sequence (Latin-1 text, a cut sequence) stands
+// for itself and takes nothing from the characters around it.
+TEST(Text, InvalidUtf8IsConvertedByteByByte) {
+    EXPECT_EQ(Utf8ToCp1252("caff\xE8 \xC3\xA8"), "caff\xE8 \xE8");
+    EXPECT_EQ(Utf8ToCp1252(std::string("\xE8") + "abc"), std::string("\xE8") + "abc");
+    EXPECT_EQ(Utf8ToCp1252("\xF0\xE2\x82\xAC"), "\xF0\x80");
+    EXPECT_EQ(Utf8ToCp1252("\xC0\xAF\xED\xA0\x80"), "\xC0\xAF\xED\xA0\x80"); // overlong, surrogate
+    EXPECT_EQ(Utf8ToCp1252("\x81\x8D\x8F\x90\x9D\xC2\x81"), "?????\x81"); // no character of its own
+    EXPECT_EQ(Utf8ToCp1252("\xF0\x9F\x98\x80."), "?.");
+
+    // Random text made of pieces whose conversion is known on their own: characters the code
+    // page holds or not, bytes that never start a sequence, and sequences cut short before a
+    // plain character.
+    std::string utf8Of[256];
+    for (int b = 0; b < 256; ++b)
+        utf8Of[b] = Cp1252ToUtf8(std::string(1, static_cast<char>(b)));
+    const auto byteOf = [&](const std::string &encoded) -> char {
+        for (int b = 0; b < 256; ++b)
+            if (utf8Of[b] == encoded)
+                return static_cast<char>(b);
+        return '?';
+    };
+    const auto encode = [](char32_t cp) {
+        std::string out;
+        if (cp < 0x800) {
+            out += static_cast<char>(0xC0 | (cp >> 6));
+        } else if (cp < 0x10000) {
+            out += static_cast<char>(0xE0 | (cp >> 12));
+            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        } else {
+            out += static_cast<char>(0xF0 | (cp >> 18));
+            out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        }
+        return out + static_cast<char>(0x80 | (cp & 0x3F));
+    };
+    // The five bytes without a character of their own.
+    const auto own = [](char c) {
+        return std::string_view("\x81\x8D\x8F\x90\x9D").find(c) == std::string::npos ? c : '?';
+    };
+    std::mt19937 rng(5);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text, expected;
+        for (auto n = rng() % 12; n > 0; --n) {
+            switch (rng() % 4) {
+            case 0: { // a character of the code page
+                const std::string &piece = utf8Of[rng() % 256];
+                text += piece;
+                expected += byteOf(piece);
+                break;
+            }
+            case 1: { // a character beyond it
+                auto cp = static_cast<char32_t>(0x100 + rng() % (0x10FFFF - 0x100));
+                if (cp >= 0xD800 && cp <= 0xDFFF)
+                    cp += 0x800;
+                text += encode(cp);
+                expected += byteOf(encode(cp));
+                break;
+            }
+            case 2: { // a byte that cannot start a sequence
+                const std::string_view never = "\x80\x81\x9D\xA0\xBF\xC0\xC1\xF5\xFF";
+                const char c = never[rng() % never.size()];
+                text += c;
+                expected += own(c);
+                break;
+            }
+            default: { // a sequence cut short, then a plain character
+                const std::string full = encode(static_cast<char32_t>(0x80 + rng() % 0x10000));
+                const std::string cut = full.substr(0, 1 + rng() % (full.size() - 1));
+                text += cut + 'x';
+                for (char c : cut)
+                    expected += own(c);
+                expected += 'x';
+                break;
+            }
+            }
+        }
+        ASSERT_EQ(Utf8ToCp1252(text), expected) << testing::PrintToString(text);
+    }
 }
 
 TEST(TextFile, FieldsFollowTheCommaSeparatedRules) {

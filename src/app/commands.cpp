@@ -1,6 +1,8 @@
 // The command table: menu items and icon-bar keys to commands.
 #include "app/commands.h"
 
+#include "app/joint_types_dialog.h"
+
 namespace vorna {
 
 const std::vector<Command> &CommandTable() {
@@ -24,6 +26,7 @@ const std::vector<Command> &CommandTable() {
         {"RimTutto", &F::RimTutto, "RimuoviTutto", nullptr, RimTutto_Click},
         {"Inverti", &F::Inverti, "InvertiSel", nullptr, Inverti_Click},
         {"EvidTipo", &F::EvidTipo, nullptr, nullptr, EvidTipo_Click},
+        {"TipiNodo", &F::TipiNodo, nullptr, nullptr, TipiNodo_Click},
         {"Interrompi", &F::Interrompi, "Interrompi", nullptr, Interrompi_Click},
         {"Finestra", &F::Finestra, nullptr, nullptr, Finestra_Click},
         {"Bianco", &F::Bianco, nullptr, nullptr, [](Program &p) { ColourCommand(p, 1); },

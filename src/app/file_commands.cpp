@@ -14,16 +14,21 @@ void ShowCannotWrite(Program &p) {
     p.ui.MessageBox(p.messages[7], "Problema", MsgIcon::Critical, MsgButtons::Ok);
 }
 
-// The import commands: the bars of each type, then "VornaOut.txt"; the program ends even when
-// the file could not be written.
+// The program ends after a hand-back either way; its status tells the suite whether the file
+// reached it.
+void EndAfterHandBack(Program &p, WriteResult result) {
+    if (result != WriteResult::Written)
+        ShowCannotWrite(p);
+    EndProgram(p, result == WriteResult::Written ? 0 : 1);
+}
+
+// The import commands: the bars of each type, then "VornaOut.txt".
 void ExportResult(Program &p, ImportMode mode) {
     RefreshListText(p);
     const TypeBarTexts texts =
         BuildTypeBarLists(p.model, p.connection, AnalogyParametersOf(p.form).method);
-    if (WriteResultFile(p.folders.jobFolder, p.model, p.connection, p.input, texts, mode) !=
-        WriteResult::Written)
-        ShowCannotWrite(p);
-    EndProgram(p, 0);
+    EndAfterHandBack(
+        p, WriteResultFile(p.folders.jobFolder, p.model, p.connection, p.input, texts, mode));
 }
 
 } // namespace
@@ -43,12 +48,11 @@ void LoadConnectionInput(Program &p) {
 
 void ScriColl_Click(Program &p) {
     ClassifyAnalogousBars(p.model, p.connection, AnalogyParametersOf(p.form).method);
-    if (WriteConnectionFile(p.folders.jobFolder, p.model, p.connection, p.input) !=
-        WriteResult::Written)
-        ShowCannotWrite(p);
+    const WriteResult result =
+        WriteConnectionFile(p.folders.jobFolder, p.model, p.connection, p.input);
     // No message for this one: the suite can do without it.
     WriteConnectionNameFile(p.folders.jobFolder, p.model, p.connection);
-    EndProgram(p, 0);
+    EndAfterHandBack(p, result);
 }
 
 void Salva_Click(Program &p) {

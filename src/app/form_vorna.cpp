@@ -123,6 +123,7 @@ FormVorna InitialForm() {
     f.RimTutto = Caption("Ri&muovi tutti i nodi");
     f.Inverti = Caption("In&verti selezione nodi");
     f.EvidTipo = Caption("&Evidenzia tipo aste");
+    f.TipiNodo = Caption("Tipi di no&do...");
     f.Interrompi = Caption("&Interrompi");
     f.Selezioni = Caption("&Selezioni");
     f.Finestra = Caption("&Finestra");
@@ -192,16 +193,7 @@ const std::array<ToolbarButton, 14> &ToolbarButtons() {
     return buttons;
 }
 
-namespace {
-
-template <std::size_t N>
-void Each(const char *name, std::array<Control, N> &controls, std::size_t first,
-          const std::function<void(std::string_view, Control &)> &fn) {
-    for (std::size_t i = first; i < N; ++i)
-        fn(std::string(name) + "(" + std::to_string(i) + ")", controls[i]);
-}
-
-} // namespace
+namespace {} // namespace
 
 void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Control &)> &fn) {
 #define VORNA_ONE(name) fn(#name, f.name)
@@ -215,7 +207,7 @@ void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Con
     VORNA_ONE(LineSposta);
     VORNA_ONE(Shape);
     VORNA_ONE(FrameSel);
-    Each("OpzMetodo", f.OpzMetodo, 0, fn);
+    ForEachOfArray("OpzMetodo", f.OpzMetodo, 0, fn);
     VORNA_ONE(analLun);
     VORNA_ONE(AnalSezAste);
     VORNA_ONE(AnalColAste);
@@ -226,24 +218,24 @@ void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Con
     VORNA_ONE(GusciAtt);
     VORNA_ONE(ElSelez);
     VORNA_ONE(ElNonSelez);
-    Each("Label3", f.Label3, 0, fn);
-    Each("IntX", f.IntX, 0, fn);
-    Each("IntY", f.IntY, 0, fn);
-    Each("IntZ", f.IntZ, 0, fn);
-    Each("Label4", f.Label4, 0, fn);
+    ForEachOfArray("Label3", f.Label3, 0, fn);
+    ForEachOfArray("IntX", f.IntX, 0, fn);
+    ForEachOfArray("IntY", f.IntY, 0, fn);
+    ForEachOfArray("IntZ", f.IntZ, 0, fn);
+    ForEachOfArray("Label4", f.Label4, 0, fn);
     VORNA_ONE(TuttoX);
     VORNA_ONE(TuttoY);
     VORNA_ONE(TuttoZ);
     VORNA_ONE(Label7);
     VORNA_ONE(Picture1);
-    Each("LabelTipo", f.LabelTipo, 1, fn);
-    Each("Label1", f.Label1, 0, fn);
-    Each("Label2", f.Label2, 0, fn);
-    Each("Angolo", f.Angolo, 0, fn);
+    ForEachOfArray("LabelTipo", f.LabelTipo, 1, fn);
+    ForEachOfArray("Label1", f.Label1, 0, fn);
+    ForEachOfArray("Label2", f.Label2, 0, fn);
+    ForEachOfArray("Angolo", f.Angolo, 0, fn);
     VORNA_ONE(Label5);
     VORNA_ONE(StringaSel);
     VORNA_ONE(Line2);
-    Each("Frame2", f.Frame2, 0, fn);
+    ForEachOfArray("Frame2", f.Frame2, 0, fn);
     VORNA_ONE(FunAttiva);
     VORNA_ONE(SottoFunAttiva);
     VORNA_ONE(FrameCoord);
@@ -270,6 +262,7 @@ void ForEachControl(FormVorna &f, const std::function<void(std::string_view, Con
     VORNA_ONE(RimTutto);
     VORNA_ONE(Inverti);
     VORNA_ONE(EvidTipo);
+    VORNA_ONE(TipiNodo);
     VORNA_ONE(Interrompi);
     VORNA_ONE(Selezioni);
     VORNA_ONE(Finestra);

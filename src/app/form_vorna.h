@@ -48,7 +48,7 @@ struct FormVorna {
     Control File, Salva, SalvaGeom, SalvaSoll, ScriColl, SalvaDisegno, Esci;
     Control Visualizza, Ottimizza, ZoomIn, Sposta, Ridis;
     Control Operazioni, NodoBase, RimNodoBase, AsteNodoBase, Aggiungi, Rimuovi, RimTutto, Inverti,
-        EvidTipo, Interrompi;
+        EvidTipo, TipiNodo, Interrompi;
     Control Selezioni, Finestra, Colore, Bianco, Blu, Rosso, Verde, Giallo, VerdeScuro, Magenta,
         Azzurro, Ara, TuttiCol, TipoPunto, TipoPt1, TipoPt2, TipoPt3, TipoPt4, TuttiPt, SchVincolo,
         Nome, Tutto;

@@ -198,10 +198,14 @@ bool ClickNode(Session &s, const ScriptArgs &a) {
     return false;
 }
 
+// As when the user resizes the window: the new layout, then the picture drawn again on the
+// surface at its new size.
 bool Resize(Session &s, const ScriptArgs &a) {
     s.p.form.width = a.number[0];
     s.p.form.height = a.number[1];
     LayOutForm(s.p);
+    s.host.Sync(s.p);
+    RedrawView(s.p);
     return true;
 }
 
@@ -422,7 +426,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          }},
         {"resize",
          "`resize W H`",
-         "the window's outer size in twips (15 twips per pixel at 96 dpi)",
+         "the window's outer size in twips (15 twips per pixel at 96 dpi); the picture is drawn "
+         "again at the new size",
          {kNumber, kNumber},
          Resize},
         {"button",
@@ -472,7 +477,8 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
     static const std::vector<Verb<DialogLine>> verbs = {
         {"set",
          "`set CONTROL TEXT`",
-         "the text of one of the dialog's text boxes",
+         "the text of one of the dialog's text boxes; `set ListaTipi K` selects row K of the "
+         "types",
          {kWord, kOptionalText},
          [](DialogLine &d, const ScriptArgs &a) {
              return SetText(d.session.out, d.dialog.Find(a.text[0]), a);
@@ -491,7 +497,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt)",
+         "(FormOptInt), `Usa` (FormTipiNodo)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -512,13 +518,14 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              return true;
          }},
         {"dump",
-         "`dump controls`",
+         "`dump controls` / `dump nodetypes`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
-         "`FormOptInt.caption=`)",
+         "`FormOptInt.caption=`, `FormTipiNodo.caption=`); in \"Tipi di nodo\", one line per "
+         "type: `type K nodes=C bars=B head=NAME members=RANGE`",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
              if (a.text[0] != "controls")
-                 return false;
+                 return d.dialog.Dump(a.text[0], d.session.out);
              DumpDialogControls(d.dialog, d.session.out);
              return true;
          }},
@@ -564,8 +571,8 @@ std::string ScriptLanguageTables() {
     AppendTable(out, WindowVerbs());
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
-    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`) is open, the lines act on it until it "
-           "closes:\n\n";
+    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`) is open, the lines act on "
+           "it until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

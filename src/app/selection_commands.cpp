@@ -94,6 +94,11 @@ void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
 
 } // namespace
 
+void OfferNodesByName(Program &p, const std::vector<int> &names) {
+    SelectionContext c = ContextOf(p);
+    ShowSelection(p, SelectByNames(c, names), true);
+}
+
 void ResetSelectionInput(Program &p) {
     FormVorna &f = p.form;
     p.command.selectionMode = SelectionMode::None;

@@ -75,7 +75,8 @@ void LayOutForm(Program &p) {
     f.Label6.left = w - 8828;
     f.LabCoord.left = w - 6400;
     f.Disegno.width = f.FrameSel.visible ? w - 4656 : w - 124;
-    f.Disegno.height = h - 2472;
+    // Without the icon bar the drawing keeps the height the bar left to it.
+    f.Disegno.height = h - 2472 + (f.Toolbar1.visible ? 0 : kIconBarHeight);
     f.FrameSel.left = w - 4560;
     f.Picture1.left = w - 2232;
     f.Label7.left = w - 2232;

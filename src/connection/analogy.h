@@ -9,6 +9,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace vorna {
 
@@ -23,8 +24,46 @@ struct AnalogyParameters {
     bool compareSections = false;  // AnalSezAste
 };
 
+// One bar of a joint as the test sees it from the joint's node.
+struct JointBar {
+    std::int16_t bar = 0;
+    std::optional<Vec3> vector; // BarVectorAtNode
+    double length = 0;          // BarLength
+};
+
+// A node with the bars that take part in a test, in order: the base bars of a base node, or
+// every candidate bar of a candidate node.
+struct Joint {
+    int node = -1;
+    std::vector<JointBar> bars;
+};
+
+Joint JointAt(const StructureModel &model, int node, const std::vector<std::int16_t> &bars);
+
+// The vector a test compares: the bar's own when lengths must agree, else divided by the length.
+std::optional<Vec3> ComparedVector(const JointBar &bar, bool lengths);
+// The unit vector along the bar; nothing for a bar of no length (0.0001 or less) or one that
+// meets the node only in the projection: they have no direction.
+std::optional<Vec3> DirectionOf(const JointBar &bar);
+// The base node with its base bars (at most 100 of them).
+Joint BaseJoint(const StructureModel &model, const ConnectionState &state);
+
+enum class AnalogyOutcome { TooManyBars, Rejected, Analogous };
+
+struct AnalogyMatch {
+    AnalogyOutcome outcome = AnalogyOutcome::Rejected;
+    AnalogousNode record; // when analogous: the candidate and its bar for each base bar, in order
+};
+
+// The analogy test of a candidate against a base, touching no state and showing nothing. More
+// than 100 candidate bars: TooManyBars. A base of more than 100 bars matches nothing. The base
+// node offered as its own candidate is tested with identical directions under every method.
+AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const Joint &candidate,
+                          const AnalogyParameters &params);
+
 // 1 when the candidate was found analogous and appended (also when it was listed already).
 // Without a usable base node (none chosen, or one with more than 100 bars) nothing is analogous.
+// A candidate with more than 100 bars gets message 25.
 int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
                 const AnalogyParameters &params, int candidate, Ui &ui,
                 const MessageCatalogue &messages);

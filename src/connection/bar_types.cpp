@@ -299,6 +299,20 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
                 }
             }
         }
+    } else if (HasUsableBaseNode(state)) {
+        // Turned and free joints pair their bars with the base bars one to one when they are
+        // found: position k of a record is base bar k's.
+        for (int k = 0; k < state.baseBarCount; ++k) {
+            const int type = state.baseBarTypes[k];
+            for (AnalogousNode &record : records) {
+                if (k >= record.barCount || record.bars[k] < 0 || record.bars[k] >= model.barCount)
+                    continue;
+                record.barTypes[k] = static_cast<std::int16_t>(type);
+                if (type >= 1 && type <= kMaxBarTypes &&
+                    lists.names[type].size() < kTypeListCapacity)
+                    lists.names[type].push_back(model.bars[record.bars[k]].name);
+            }
+        }
     }
     for (AnalogousNode &r : records)
         for (std::int16_t &type : r.barTypes)

@@ -10,6 +10,12 @@ namespace vorna {
 
 using Vec3 = std::array<double, 3>;
 
+// Two numbers of the connection's geometry agree when they differ by less than this.
+constexpr double kAgreement = 0.0001;
+// Vectors whose components all agree differ by less than this in length (sqrt(3) kAgreement),
+// and so do their lengths.
+constexpr double kAgreementNorm = 1.7320508075688772 * kAgreement;
+
 inline Vec3 ToVec(const Point &p) {
     return {p.x, p.y, p.z};
 }
@@ -27,6 +33,11 @@ inline double Norm(const Vec3 &a) {
 }
 inline Vec3 Cross(const Vec3 &a, const Vec3 &b) {
     return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+// The angle between two vectors in radians; atan2 keeps it exact near 0 and pi, where the
+// cosine is flat.
+inline double AngleBetween(const Vec3 &a, const Vec3 &b) {
+    return std::atan2(Norm(Cross(a, b)), Dot(a, b));
 }
 // Every component below the tolerance in magnitude.
 inline bool AllBelow(const Vec3 &a, double tolerance) {

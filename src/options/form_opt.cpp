@@ -52,13 +52,6 @@ void Set(DisplayOptions &options, int number, double value) {
     options.values[number] = OptionValue::Of(value);
 }
 
-template <std::size_t N>
-void Each(const char *name, std::array<Control, N> &controls, std::size_t first,
-          const std::function<void(std::string_view, Control &)> &fn) {
-    for (std::size_t i = first; i < N; ++i)
-        fn(std::string(name) + "(" + std::to_string(i) + ")", controls[i]);
-}
-
 } // namespace
 
 FormOpt LoadFormOpt(const DisplayOptions &o) {
@@ -185,8 +178,8 @@ void FormOptDialog::ForEachControl(const std::function<void(std::string_view, Co
     VORNA_ONE(Frame3);
     VORNA_ONE(CheckTxtNodi);
     VORNA_ONE(CheckTxtAste);
-    Each("TxtNodi", form.TxtNodi, 0, fn);
-    Each("TxtAste", form.TxtAste, 0, fn);
+    ForEachOfArray("TxtNodi", form.TxtNodi, 0, fn);
+    ForEachOfArray("TxtAste", form.TxtAste, 0, fn);
     VORNA_ONE(Label6);
     VORNA_ONE(BaseTxt);
     VORNA_ONE(Label7);
@@ -194,8 +187,8 @@ void FormOptDialog::ForEachControl(const std::function<void(std::string_view, Co
     VORNA_ONE(Label4);
     VORNA_ONE(DistTxt);
     VORNA_ONE(Label8);
-    Each("LabelCol", form.LabelCol, 1, fn);
-    Each("LabelBordCol", form.LabelBordCol, 1, fn);
+    ForEachOfArray("LabelCol", form.LabelCol, 1, fn);
+    ForEachOfArray("LabelBordCol", form.LabelBordCol, 1, fn);
     VORNA_ONE(Label10);
     VORNA_ONE(ColoreNodoBase);
     VORNA_ONE(Command1);
@@ -221,6 +214,9 @@ void FormOptDialog::Click(std::string_view control) {
     } else if (control == "Chiudi") {
         AggiornaOpzioni(form, options_);
         closed = true;
+    } else if (control == "EvColSel" || control == "EvColNonSel") { // one of the two
+        form.EvColSel.checked = control == "EvColSel";
+        form.EvColNonSel.checked = !form.EvColSel.checked;
     } else if (control == "CheckSpGus") {
         CheckSpGus_Click(form);
     } else if (control.starts_with("LabelCol(")) {

@@ -5,6 +5,7 @@
 #include "platform/control.h"
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,11 @@ public:
     virtual void MouseUp(std::string_view /*control*/) {}
     // Esc released: the dialog closes without taking anything over.
     virtual void Escape() { closed = true; }
+    // Draws the dialog's picture of that name on a surface of the front end.
+    virtual void Paint(std::string_view /*picture*/, Canvas & /*canvas*/) {}
+    // A text dump of what the dialog shows beyond its controls; false when it has none of that
+    // name.
+    virtual bool Dump(std::string_view /*what*/, std::ostream & /*out*/) { return false; }
 
     Control *Find(std::string_view name) {
         Control *found = nullptr;

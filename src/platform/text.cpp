@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace vorna {
 namespace {
@@ -40,6 +41,48 @@ char ByteOf(char32_t cp) {
     return '?';
 }
 
+// The lead bytes of UTF-8 sequences of two, three and four bytes: the bits they carry and the
+// least code point of that length (a smaller one is an overlong form).
+struct LeadByte {
+    unsigned char first, last;
+    std::size_t length;
+    unsigned char bits;
+    char32_t least;
+};
+constexpr std::array<LeadByte, 3> kLeads = {
+    {{0xC2, 0xDF, 2, 0x1F, 0x80}, {0xE0, 0xEF, 3, 0x0F, 0x800}, {0xF0, 0xF4, 4, 0x07, 0x10000}}};
+
+// The length of the well-formed UTF-8 sequence that starts at text[i] (overlong forms,
+// surrogates and code points beyond U+10FFFF are not), with its code point; 0 when there is none.
+std::size_t ValidSequence(std::string_view text, std::size_t i, char32_t &cp) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c < 0x80) {
+        cp = c;
+        return 1;
+    }
+    for (const LeadByte &lead : kLeads) {
+        if (c < lead.first || c > lead.last)
+            continue;
+        if (text.size() - i < lead.length)
+            return 0;
+        cp = c & lead.bits;
+        for (std::size_t k = 1; k < lead.length; ++k) {
+            const auto next = static_cast<unsigned char>(text[i + k]);
+            if ((next & 0xC0) != 0x80)
+                return 0;
+            cp = (cp << 6) | (next & 0x3Fu);
+        }
+        const bool valid = cp >= lead.least && cp <= 0x10FFFF && (cp < 0xD800 || cp > 0xDFFF);
+        return valid ? lead.length : 0;
+    }
+    return 0;
+}
+
+// A byte taken as Windows-1252 text; the five bytes that have no character there become "?".
+char OwnCharacter(unsigned char c) {
+    return c >= 0x80 && c < 0xA0 && CodePoint(c) == c ? '?' : static_cast<char>(c);
+}
+
 bool IsBlank(char c) {
     return c == ' ';
 }
@@ -58,22 +101,14 @@ std::string Utf8ToCp1252(std::string_view text) {
     std::string out;
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
-        auto c = static_cast<unsigned char>(text[i]);
-        int extra = c < 0x80 ? 0 : c < 0xE0 ? 1 : c < 0xF0 ? 2 : 3;
-        if (c >= 0x80 && c < 0xC0) { // stray continuation byte
-            out += '?';
+        char32_t cp = 0;
+        if (const std::size_t n = ValidSequence(text, i, cp)) {
+            out += ByteOf(cp);
+            i += n;
+        } else { // Latin-1 or Windows-1252 text, or a cut sequence: the byte stands for itself
+            out += OwnCharacter(static_cast<unsigned char>(text[i]));
             ++i;
-            continue;
         }
-        char32_t cp = extra == 0   ? c
-                      : extra == 1 ? (c & 0x1F)
-                      : extra == 2 ? (c & 0x0F)
-                                   : (c & 0x07);
-        std::size_t j = i + 1;
-        for (int k = 0; k < extra && j < text.size(); ++k, ++j)
-            cp = (cp << 6) | (static_cast<unsigned char>(text[j]) & 0x3F);
-        out += ByteOf(cp);
-        i = j;
     }
     return out;
 }

@@ -9,7 +9,7 @@
 
 namespace vorna {
 
-// The whole file's bytes, or nothing when it cannot be opened or read.
+// The whole file's bytes, or nothing when it is not a regular file or cannot be read.
 std::optional<std::string> ReadWholeFile(const std::filesystem::path &path);
 bool FileExists(const std::filesystem::path &path);
 

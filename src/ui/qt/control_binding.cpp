@@ -8,6 +8,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
+#include <QTreeWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -20,7 +22,7 @@ bool SameLook(const Control &a, const Control &b) {
     return a.caption == b.caption && a.text == b.text && a.tooltip == b.tooltip &&
            a.checked == b.checked && a.enabled == b.enabled && a.visible == b.visible &&
            a.backColour == b.backColour && a.pointer == b.pointer && a.left == b.left &&
-           a.top == b.top && a.width == b.width && a.height == b.height;
+           a.top == b.top && a.width == b.width && a.height == b.height && a.items == b.items;
 }
 
 void ApplyPointer(QWidget *w, Pointer pointer) {
@@ -30,6 +32,21 @@ void ApplyPointer(QWidget *w, Pointer pointer) {
         w->setCursor(Qt::WaitCursor);
     else
         w->unsetCursor();
+}
+
+// A list's rows (columns split at tabs) and its selected row (text, 1-based).
+void ApplyRows(QTreeWidget *list, const Control &c) {
+    const QSignalBlocker quiet(list);
+    if (list->topLevelItemCount() != static_cast<int>(c.items.size())) {
+        list->clear();
+        for (const std::string &row : c.items)
+            list->addTopLevelItem(new QTreeWidgetItem(ToQString(row).split('\t')));
+        for (int k = 0; k < list->columnCount(); ++k)
+            list->resizeColumnToContents(k);
+    }
+    const int row = ToQString(c.text).toInt() - 1;
+    if (QTreeWidgetItem *item = list->topLevelItem(row))
+        list->setCurrentItem(item);
 }
 
 void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
@@ -46,6 +63,8 @@ void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
         button->setText(ToQString(c.caption));
         if (button->isCheckable())
             button->setChecked(c.checked);
+    } else if (auto *list = qobject_cast<QTreeWidget *>(w)) {
+        ApplyRows(list, c);
     } else if (auto *group = qobject_cast<QGroupBox *>(w)) {
         group->setTitle(ToQString(c.caption));
     } else if (auto *swatch = qobject_cast<QLabel *>(w); swatch && style == BindingStyle::Swatch) {
@@ -86,6 +105,16 @@ QRect TwipsToPixels(const Control &c, double twipsPerPixel) {
                  std::max(0, Pixels(c.height, twipsPerPixel)));
 }
 
+QWidget *AddBinding(std::vector<Binding> &bindings, const std::string &name, QWidget *widget,
+                    BindingStyle style) {
+    Binding binding;
+    binding.name = name;
+    binding.widget = widget;
+    binding.style = style;
+    bindings.push_back(std::move(binding));
+    return widget;
+}
+
 void ApplyBinding(Binding &b, double twipsPerPixel) {
     if (b.control == nullptr || (b.shown && SameLook(*b.shown, *b.control)))
         return;
@@ -106,6 +135,10 @@ void ReadBinding(Binding &b) {
         return;
     if (auto *edit = qobject_cast<QLineEdit *>(b.widget))
         b.control->text = FromQString(edit->text());
+    else if (auto *list = qobject_cast<QTreeWidget *>(b.widget))
+        b.control->text = list->currentItem()
+                              ? std::to_string(list->indexOfTopLevelItem(list->currentItem()) + 1)
+                              : "";
     else if (auto *button = qobject_cast<QAbstractButton *>(b.widget);
              button && button->isCheckable())
         b.control->checked = button->isChecked();

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 class QWidget;
 
@@ -30,6 +31,9 @@ struct Binding {
     std::optional<Control> shown; // what the widget shows now
 };
 
+// Adds a binding of the control of that name to the widget; returns the widget.
+QWidget *AddBinding(std::vector<Binding> &bindings, const std::string &name, QWidget *widget,
+                    BindingStyle style);
 // Shows the control on the widget; only what changed since the last call is touched.
 void ApplyBinding(Binding &binding, double twipsPerPixel);
 // Copies what the user can change on the widget (text, check, option) into the control.

@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace vorna::qt {
@@ -32,20 +33,17 @@ DialogWindow::DialogWindow(Dialog &dialog, QWidget *parent) : QDialog(parent), d
     setModal(true);
     if (dialog.Name() == "FormOpt")
         BuildFormOpt();
-    else
+    else if (dialog.Name() == "FormOptInt")
         BuildFormOptInt();
+    else
+        BuildFormTipiNodo();
     for (Binding &b : bindings_)
         b.control = dialog_.Find(b.name);
     Show();
 }
 
 QWidget *DialogWindow::Bind(const std::string &name, QWidget *widget, BindingStyle style) {
-    Binding b;
-    b.name = name;
-    b.widget = widget;
-    b.style = style;
-    bindings_.push_back(std::move(b));
-    return widget;
+    return AddBinding(bindings_, name, widget, style);
 }
 
 QWidget *DialogWindow::Button(const std::string &name) {
@@ -181,6 +179,32 @@ void DialogWindow::BuildFormOptInt() {
     qobject_cast<QLineEdit *>(size)->selectAll();
 }
 
+void DialogWindow::BuildFormTipiNodo() {
+    auto *column = new QVBoxLayout(this);
+    auto *list = new QTreeWidget(this);
+    list->setRootIsDecorated(false);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setMinimumWidth(520);
+    if (Control *header = dialog_.Find("Label1")) {
+        const QStringList titles = ToQString(header->caption).split('\t');
+        list->setColumnCount(static_cast<int>(titles.size()));
+        list->setHeaderLabels(titles);
+    }
+    connect(list, &QTreeWidget::itemSelectionChanged, this, [this] { Raise("ListaTipi"); });
+    column->addWidget(Bind("ListaTipi", list));
+    column->addWidget(Text("Label2"));
+    schema_ = new SurfaceWidget(QColor(40, 44, 52), this);
+    schema_->setFixedSize(240, 170);
+    schema_->installEventFilter(this); // drawn again once it has its size
+    column->addWidget(schema_, 0, Qt::AlignHCenter);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    auto *use = qobject_cast<QPushButton *>(Button("Usa"));
+    use->setDefault(true);
+    buttons->addWidget(use);
+    column->addLayout(buttons);
+}
+
 void DialogWindow::Raise(const std::string &control, bool mouseUp) {
     for (Binding &b : bindings_)
         ReadBinding(b);
@@ -193,6 +217,7 @@ void DialogWindow::Raise(const std::string &control, bool mouseUp) {
 void DialogWindow::Show() {
     for (Binding &b : bindings_)
         ApplyBinding(b, 15);
+    PaintSchema();
     if (dialog_.closed)
         done(QDialog::Accepted);
 }
@@ -211,7 +236,20 @@ void DialogWindow::reject() {
     QDialog::reject();
 }
 
+void DialogWindow::PaintSchema() {
+    if (!schema_)
+        return;
+    dialog_.Paint("Schema", schema_->Canvas());
+    schema_->update();
+}
+
 bool DialogWindow::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == schema_ && event->type() == QEvent::Resize) {
+        // Before the surface's own resize: give its canvas the new size first.
+        schema_->Canvas().SetDpi(schema_->logicalDpiX(), schema_->logicalDpiY());
+        schema_->Canvas().Resize(schema_->size());
+        PaintSchema();
+    }
     if (event->type() == QEvent::MouseButtonRelease) {
         auto *swatch = qobject_cast<QWidget *>(watched);
         auto *mouse = static_cast<QMouseEvent *>(event);

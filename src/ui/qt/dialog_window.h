@@ -4,6 +4,7 @@
 
 #include "platform/dialog.h"
 #include "ui/qt/control_binding.h"
+#include "ui/qt/surface_widget.h"
 
 #include <QDialog>
 
@@ -32,12 +33,15 @@ private:
     QWidget *Text(const std::string &name);
     void BuildFormOpt();
     void BuildFormOptInt();
+    void BuildFormTipiNodo();
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();
+    void PaintSchema();
 
     Dialog &dialog_;
     std::vector<Binding> bindings_;
+    SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
 };
 
 } // namespace vorna::qt

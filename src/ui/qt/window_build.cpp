@@ -35,12 +35,7 @@ QLabel *Label(QWidget *parent) {
 } // namespace
 
 QWidget *MainWindow::Bind(const std::string &name, QWidget *widget, BindingStyle style) {
-    Binding binding;
-    binding.name = name;
-    binding.widget = widget;
-    binding.style = style;
-    bindings_.push_back(std::move(binding));
-    return widget;
+    return AddBinding(bindings_, name, widget, style);
 }
 
 QMenu *MainWindow::AddMenu(QMenu *parent, const char *name) {
@@ -71,7 +66,7 @@ void MainWindow::BuildMenus() {
     AddItems(visualizza_, {"Ottimizza", "ZoomIn", "Sposta", "Ridis"});
     AddItems(AddMenu(nullptr, "Operazioni"),
              {"NodoBase", "RimNodoBase", "AsteNodoBase", "Aggiungi", "Rimuovi", "RimTutto",
-              "Inverti", "EvidTipo", "Interrompi"});
+              "Inverti", "EvidTipo", "TipiNodo", "Interrompi"});
     QMenu *selezioni = AddMenu(nullptr, "Selezioni");
     AddItems(selezioni, {"Finestra"});
     AddItems(AddMenu(selezioni, "Colore"), {"Bianco", "Blu", "Rosso", "Verde", "Giallo",

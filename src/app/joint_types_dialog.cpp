@@ -1,0 +1,128 @@
+// "Tipi di nodo": the catalogue of the joint types of the model shown in a modal dialog, and the
+// choice of one as the connection.
+#include "app/joint_types_dialog.h"
+
+#include "app/commands.h"
+#include "connection/base_node.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "selection/designate.h"
+
+#include <algorithm>
+
+namespace vorna {
+namespace {
+
+int NameOf(const StructureModel &m, int node) {
+    return m.nodes[node].name;
+}
+
+// The names of the type's nodes, ascending, as runs ("12-19,31").
+std::string MembersText(const StructureModel &m, const JointType &type) {
+    std::vector<int> names;
+    for (int node : type.nodes)
+        names.push_back(NameOf(m, node));
+    std::sort(names.begin(), names.end());
+    return RangeText(names);
+}
+
+} // namespace
+
+JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogue)
+    : p_(program), catalogue_(std::move(catalogue)) {
+    Label1.caption = "Nodi\tAste\tNodo\tNodi del tipo";
+    for (const JointType &t : catalogue_.types)
+        ListaTipi.items.push_back(IntText(static_cast<long long>(t.nodes.size())) + '\t' +
+                                  IntText(t.barCount) + '\t' +
+                                  IntText(NameOf(p_.model, t.nodes.front())) + '\t' +
+                                  MembersText(p_.model, t));
+    ListaTipi.text = catalogue_.types.empty() ? "" : "1";
+    Label2.caption = "Schema del nodo";
+    Usa.caption = "Usa";
+    Usa.enabled = !catalogue_.types.empty();
+}
+
+void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
+    fn("Label1", Label1);
+    fn("ListaTipi", ListaTipi);
+    fn("Label2", Label2);
+    fn("Schema", Schema);
+    fn("Usa", Usa);
+}
+
+int JointTypesDialog::Selected() const {
+    auto row = StrictNumber(ListaTipi.text);
+    const auto rows = static_cast<double>(catalogue_.types.size());
+    return row && *row >= 1 && *row <= rows && std::floor(*row) == *row ? static_cast<int>(*row) - 1
+                                                                         : -1;
+}
+
+void JointTypesDialog::Click(std::string_view control) {
+    if (control == "Usa" && Selected() >= 0) {
+        chosen = Selected();
+        closed = true;
+    }
+}
+
+// The head's bars as the base-node schema draws them, all in the colour of the first type.
+void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
+    const int row = Selected();
+    if (picture != "Schema" || row < 0) {
+        canvas.Clear();
+        canvas.Refresh();
+        return;
+    }
+    ConnectionState head;
+    head.baseNode = static_cast<std::int16_t>(catalogue_.types[row].nodes.front());
+    GatherBaseBars(p_.model, p_.view, head, p_.ui, p_.messages);
+    std::fill(head.baseBarTypes.begin(), head.baseBarTypes.end(), std::int16_t{1});
+    DrawBaseNodeSchema(p_.model, head, p_.input, canvas, false);
+}
+
+bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {
+    if (what != "nodetypes")
+        return false;
+    for (std::size_t k = 0; k < catalogue_.types.size(); ++k) {
+        const JointType &t = catalogue_.types[k];
+        out << "type " << k + 1 << " nodes=" << t.nodes.size() << " bars=" << t.barCount
+            << " head=" << NameOf(p_.model, t.nodes.front())
+            << " members=" << MembersText(p_.model, t) << '\n';
+    }
+    return true;
+}
+
+void TipiNodo_Click(Program &p) {
+    JointTypeCatalogue catalogue;
+    if (p.structureLoaded) {
+        p.ui.SetBusy(true);
+        catalogue = CatalogueJointTypes(p.model, p.view, p.connection.barIndex,
+                                        AnalogyParametersOf(p.form));
+        p.ui.SetBusy(false);
+    }
+    // Nodes with more bars than a connection can have belong to no type: said once.
+    if (!catalogue.overcrowded.empty())
+        p.ui.MessageBox(p.messages[25], "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
+    JointTypesDialog dialog(p, std::move(catalogue));
+    p.ui.RunDialog(dialog);
+    if (dialog.chosen < 0)
+        return;
+    // As by hand: the base node chosen (dropping the one there is, when the user agrees), then
+    // every node of the type offered with "Aggiungi nodi".
+    const JointType &type = dialog.Catalogue().types[dialog.chosen];
+    if (p.connection.baseNode >= 0) {
+        RimNodoBase_Click(p);
+        if (p.connection.baseNode >= 0)
+            return;
+    }
+    NodoBase_Click(p);
+    ChooseBaseNodeByPick(p, NameOf(p.model, type.nodes.front()));
+    if (!HasUsableBaseNode(p.connection))
+        return;
+    Aggiungi_Click(p);
+    std::vector<int> names;
+    for (std::size_t k = 1; k < type.nodes.size(); ++k)
+        names.push_back(NameOf(p.model, type.nodes[k]));
+    OfferNodesByName(p, names);
+}
+
+} // namespace vorna

@@ -1,0 +1,31 @@
+// The catalogue of joint types ("Tipi di nodo"): the shown nodes grouped by analogy, each group
+// headed by its first node taken as base node with all its bars.
+#pragma once
+
+#include "connection/analogy.h"
+#include "connection/bar_index.h"
+
+#include <vector>
+
+namespace vorna {
+
+struct JointType {
+    int barCount = 0;       // candidate bars at every node of the type
+    std::vector<int> nodes; // node indices: the head first, then the members in table order
+};
+
+struct JointTypeCatalogue {
+    std::vector<JointType> types; // most nodes first; equal counts in the order of their heads
+    // Live shown nodes with more than 100 bars, in table order. No test can take them, as
+    // candidate or as head, so they belong to no type; the caller may say so once.
+    std::vector<int> overcrowded;
+};
+
+// Every live, shown node with at least one bar, in table order, joins the first type whose head
+// it is analogous to under params (the head as base node with the bars choosing it would give,
+// the node as candidate) and whose head has as many bars at its point; otherwise it heads a new
+// type. A head without named bars has no pattern to compare: it takes no members.
+JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewState &view,
+                                       ProjectedBarIndex &index, const AnalogyParameters &params);
+
+} // namespace vorna

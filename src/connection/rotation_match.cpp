@@ -1,0 +1,297 @@
+// The pairing of "Nodi identici e ruotati": base bars onto distinct candidate bars by one
+// rotation of space, every component within the tolerance.
+#include "connection/rotation_match.h"
+
+#include "connection/assignment.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+constexpr double kSqrt2 = 1.4142135623730951;
+// Room for rounding in the bounds below, which only prune.
+constexpr double kSlack = 1e-9;
+// Weighted fits tried before a pairing of anchors is given up.
+constexpr int kRefinements = 8;
+
+Vec3 Unit(const Vec3 &v) {
+    return Scaled(v, 1 / Norm(v));
+}
+
+// A unit vector across the unit vector u.
+Vec3 Across(const Vec3 &u) {
+    const std::size_t least = static_cast<std::size_t>(
+        std::min_element(u.begin(), u.end(),
+                         [](double x, double y) { return std::fabs(x) < std::fabs(y); }) -
+        u.begin());
+    Vec3 axis{0, 0, 0};
+    axis[least] = 1;
+    return Unit(Cross(u, axis));
+}
+
+// A right-handed orthonormal frame: along first, then across the plane of first and second
+// (any way across when there is no second or no plane).
+struct Frame {
+    Vec3 along, normal, third;
+};
+
+Frame FrameOf(const Vec3 &first, const Vec3 *second) {
+    Frame f;
+    f.along = Unit(first);
+    const Vec3 n = second ? Cross(first, *second) : Vec3{0, 0, 0};
+    f.normal = Norm(n) > 0 ? Unit(n) : Across(f.along);
+    f.third = Cross(f.along, f.normal);
+    return f;
+}
+
+// The rotation that takes frame f onto frame g.
+Rotation Between(const Frame &f, const Frame &g) {
+    Rotation r;
+    for (std::size_t i = 0; i < 3; ++i)
+        for (std::size_t k = 0; k < 3; ++k)
+            r[i][k] = g.along[i] * f.along[k] + g.normal[i] * f.normal[k] + g.third[i] * f.third[k];
+    return r;
+}
+
+constexpr Rotation kIdentity{Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}};
+// The half turn about Z: the mirror of "Nodi identici e simmetrici" applied to every bar.
+constexpr Rotation kHalfTurnZ{Vec3{-1, 0, 0}, Vec3{0, -1, 0}, Vec3{0, 0, 1}};
+
+class Search {
+public:
+    Search(const std::vector<Vec3> &base, const std::vector<std::optional<Vec3>> &candidates)
+        : base_(base), candidates_(candidates), n_(static_cast<int>(base.size())),
+          m_(static_cast<int>(candidates.size())), graph_{n_, m_,
+                                                          std::vector<std::uint8_t>(
+                                                              static_cast<std::size_t>(n_) * m_)} {
+        for (const Vec3 &b : base)
+            baseNorm_.push_back(Norm(b));
+        for (const std::optional<Vec3> &v : candidates)
+            candidateNorm_.push_back(v ? Norm(*v) : -1.0);
+    }
+
+    std::optional<std::vector<int>> Run() {
+        Offer(Strict(kIdentity, {}));
+        Offer(Strict(kHalfTurnZ, {}));
+        // The first anchor is the longest base bar; with no length anywhere every rotation
+        // maps the base alike and the identity has answered.
+        const int a = static_cast<int>(std::max_element(baseNorm_.begin(), baseNorm_.end()) -
+                                       baseNorm_.begin());
+        if (baseNorm_[a] <= 0)
+            return best_;
+        const Vec3 along = Unit(base_[a]);
+        int j = -1;
+        double across = kAgreement;
+        for (int k = 0; k < n_; ++k) {
+            const double d = Norm(Sub(base_[k], Scaled(along, Dot(base_[k], along))));
+            if (d >= across)
+                j = k, across = d;
+        }
+        for (int c = 0; c < m_; ++c) {
+            // Every pairing from here on gives base bar a a later candidate.
+            if (a == 0 && best_ && (*best_)[0] < c)
+                break;
+            if (candidateNorm_[c] <= 0 || !LengthsAgree(a, c))
+                continue;
+            if (j < 0) {
+                TryAnchors({a, c, -1, -1});
+                continue;
+            }
+            // A rotation keeps the anchors' dot product, up to
+            // |ba.bj - vc.vd| <= |R ba - vc| |bj| + |vc| |R bj - vd|.
+            const double dot = Dot(base_[a], base_[j]);
+            for (int d = 0; d < m_; ++d)
+                if (d != c && candidateNorm_[d] >= 0 && LengthsAgree(j, d) &&
+                    std::fabs(dot - Dot(*candidates_[c], *candidates_[d])) <
+                        kAgreementNorm * (baseNorm_[j] + candidateNorm_[c]) +
+                            kSlack * (1 + std::fabs(dot)))
+                    TryAnchors({a, c, j, d});
+        }
+        return best_;
+    }
+
+private:
+    // Base bar a paired with candidate c, and base bar j (when >= 0) with candidate d.
+    struct Anchors {
+        int a, c, j, d;
+    };
+
+    // |R b| = |b|: a pair can only agree when the lengths nearly do.
+    bool LengthsAgree(int k, int c) const {
+        return std::fabs(baseNorm_[k] - candidateNorm_[c]) < kAgreementNorm + kSlack * baseNorm_[k];
+    }
+
+    void Offer(const std::optional<std::vector<int>> &pairing) {
+        if (pairing && (!best_ || *pairing < *best_))
+            best_ = pairing;
+    }
+
+    // The anchor rows keep only their anchor's column.
+    void Restrict(const Anchors &anchors) {
+        for (auto [row, column] : {std::pair{anchors.a, anchors.c}, {anchors.j, anchors.d}})
+            if (row >= 0)
+                for (int c = 0; c < m_; ++c)
+                    graph_.edges[row * m_ + c] &= static_cast<std::uint8_t>(c == column);
+    }
+
+    // The first pairing that the rotation r fits exactly as the test asks.
+    std::optional<std::vector<int>> Strict(const Rotation &r, const Anchors &anchors) {
+        for (int k = 0; k < n_; ++k) {
+            const Vec3 image = Rotate(r, base_[k]);
+            for (int c = 0; c < m_; ++c)
+                graph_.edges[k * m_ + c] =
+                    candidates_[c] && AllBelow(Sub(image, *candidates_[c]), kAgreement);
+        }
+        Restrict(anchors);
+        return LexFirstMatching(graph_);
+    }
+
+    // Every rotation R that fits a pairing holding the anchors differs from the anchor rotation
+    // r0 by at most d1 on the first anchor's axis and d1 + d2 across it (chord lengths, from
+    // the residuals of the anchors); so |r0 b - v| stays below a bound for each pair of that
+    // pairing. Pairs beyond it are left out: the pruning never loses a fitting pairing.
+    void TryAnchors(const Anchors &anchors) {
+        const auto [a, c, j, d] = anchors;
+        const Vec3 &va = *candidates_[c];
+        const Frame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
+        const Rotation r0 = Between(from, FrameOf(va, d >= 0 ? &*candidates_[d] : nullptr));
+        const double d1 = std::min(2.0, 2 * kAgreementNorm / baseNorm_[a]);
+        double d2 = 2;
+        if (j >= 0) {
+            const double plane = Norm(Cross(base_[a], base_[j]));
+            d2 = std::min(2.0, 2 * kAgreementNorm * (baseNorm_[j] + candidateNorm_[c]) / plane);
+        }
+        for (int k = 0; k < n_; ++k) {
+            const Vec3 image = Rotate(r0, base_[k]);
+            const double onAxis = std::fabs(Dot(base_[k], from.along));
+            const double offAxis =
+                Norm(Sub(base_[k], Scaled(from.along, Dot(base_[k], from.along))));
+            const double bound = kAgreementNorm + onAxis * d1 + kSqrt2 * offAxis * (d1 + d2) +
+                                 kSlack * (1 + baseNorm_[k]);
+            for (int e = 0; e < m_; ++e)
+                graph_.edges[k * m_ + e] =
+                    candidates_[e] && Norm(Sub(image, *candidates_[e])) < bound;
+        }
+        Restrict(anchors);
+        const std::optional<std::vector<int>> loose = LexFirstMatching(graph_);
+        if (!loose)
+            return;
+        if (std::optional<std::vector<int>> exact = Strict(r0, anchors)) {
+            Offer(exact);
+            return;
+        }
+        // The anchors alone may carry their residuals to the other bars; the fit over all the
+        // pairs spreads them. Least squares can still leave one component just beyond the
+        // tolerance where some rotation keeps them all within: weighing the worst pairs more,
+        // a few times, moves the fit towards that rotation.
+        std::vector<Vec3> to;
+        to.reserve(n_);
+        for (int k = 0; k < n_; ++k)
+            to.push_back(*candidates_[(*loose)[k]]);
+        std::vector<double> weights(n_, 1.0);
+        for (int round = 0; round < kRefinements; ++round) {
+            const Rotation r = BestFitRotation(base_, to, weights);
+            if (std::optional<std::vector<int>> exact = Strict(r, anchors)) {
+                Offer(exact);
+                return;
+            }
+            for (int k = 0; k < n_; ++k) {
+                const Vec3 miss = Sub(Rotate(r, base_[k]), to[k]);
+                const double worst =
+                    std::max({std::fabs(miss[0]), std::fabs(miss[1]), std::fabs(miss[2])}) /
+                    kAgreement;
+                weights[k] *= 1 + worst * worst * worst * worst;
+            }
+        }
+    }
+
+    const std::vector<Vec3> &base_;
+    const std::vector<std::optional<Vec3>> &candidates_;
+    int n_, m_;
+    BipartiteGraph graph_;
+    std::vector<double> baseNorm_, candidateNorm_;
+    std::optional<std::vector<int>> best_;
+};
+
+// The eigenvector of the largest eigenvalue of a symmetric 4 x 4 matrix (cyclic Jacobi).
+std::array<double, 4> LargestEigenvector(std::array<std::array<double, 4>, 4> m) {
+    std::array<std::array<double, 4>, 4> v{};
+    for (std::size_t i = 0; i < 4; ++i)
+        v[i][i] = 1;
+    for (int sweep = 0; sweep < 64; ++sweep) {
+        double off = 0, diagonal = 0;
+        for (std::size_t p = 0; p < 4; ++p) {
+            diagonal += m[p][p] * m[p][p];
+            for (std::size_t q = p + 1; q < 4; ++q)
+                off += m[p][q] * m[p][q];
+        }
+        if (off <= 1e-30 * diagonal || off == 0)
+            break;
+        for (std::size_t p = 0; p < 4; ++p)
+            for (std::size_t q = p + 1; q < 4; ++q) {
+                if (m[p][q] == 0)
+                    continue;
+                const double theta = (m[q][q] - m[p][p]) / (2 * m[p][q]);
+                const double t = (theta >= 0 ? 1 : -1) / (std::fabs(theta) + std::hypot(theta, 1));
+                const double c = 1 / std::hypot(t, 1), s = t * c;
+                for (std::size_t k = 0; k < 4; ++k) {
+                    const double kp = m[k][p], kq = m[k][q];
+                    m[k][p] = c * kp - s * kq;
+                    m[k][q] = s * kp + c * kq;
+                }
+                for (std::size_t k = 0; k < 4; ++k) {
+                    const double pk = m[p][k], qk = m[q][k];
+                    m[p][k] = c * pk - s * qk;
+                    m[q][k] = s * pk + c * qk;
+                }
+                for (std::size_t k = 0; k < 4; ++k) {
+                    const double kp = v[k][p], kq = v[k][q];
+                    v[k][p] = c * kp - s * kq;
+                    v[k][q] = s * kp + c * kq;
+                }
+            }
+    }
+    std::size_t largest = 0;
+    for (std::size_t i = 1; i < 4; ++i)
+        if (m[i][i] > m[largest][largest])
+            largest = i;
+    return {v[0][largest], v[1][largest], v[2][largest], v[3][largest]};
+}
+
+} // namespace
+
+Rotation BestFitRotation(const std::vector<Vec3> &from, const std::vector<Vec3> &to,
+                         const std::vector<double> &weights) {
+    // s[a][b]: the weighted sum of from's component a times to's component b.
+    std::array<Vec3, 3> s{};
+    for (std::size_t k = 0; k < from.size() && k < to.size(); ++k) {
+        const double weight = k < weights.size() ? weights[k] : 1.0;
+        for (std::size_t a = 0; a < 3; ++a)
+            for (std::size_t b = 0; b < 3; ++b)
+                s[a][b] += weight * from[k][a] * to[k][b];
+    }
+    const double xx = s[0][0], xy = s[0][1], xz = s[0][2], yx = s[1][0], yy = s[1][1], yz = s[1][2],
+                 zx = s[2][0], zy = s[2][1], zz = s[2][2];
+    const auto q = LargestEigenvector({{{xx + yy + zz, yz - zy, zx - xz, xy - yx},
+                                        {yz - zy, xx - yy - zz, xy + yx, zx + xz},
+                                        {zx - xz, xy + yx, -xx + yy - zz, yz + zy},
+                                        {xy - yx, zx + xz, yz + zy, -xx - yy + zz}}});
+    const double length = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
+    const double w = q[0] / length, x = q[1] / length, y = q[2] / length, z = q[3] / length;
+    return {Vec3{1 - 2 * (y * y + z * z), 2 * (x * y - w * z), 2 * (x * z + w * y)},
+            Vec3{2 * (x * y + w * z), 1 - 2 * (x * x + z * z), 2 * (y * z - w * x)},
+            Vec3{2 * (x * z - w * y), 2 * (y * z + w * x), 1 - 2 * (x * x + y * y)}};
+}
+
+std::optional<std::vector<int>> MatchRotated(const std::vector<Vec3> &base,
+                                             const std::vector<std::optional<Vec3>> &candidates) {
+    if (base.empty())
+        return std::vector<int>{};
+    if (base.size() > candidates.size())
+        return std::nullopt;
+    return Search(base, candidates).Run();
+}
+
+} // namespace vorna

@@ -1,0 +1,292 @@
+// Faults on disk: a refused folder, a disk that fills during a write, a target that cannot be
+// replaced, files that vanish or turn into folders after start-up. Each gives its message, and
+// a file handed back to the suite is either as it was or replaced whole.
+#include "app/program.h"
+#include "app/script_runner.h"
+#include "e2e_support.h"
+#include "platform/plain_canvas.h"
+#include "platform/text_file.h"
+#include "platform/write_faults.h"
+
+#include <sstream>
+#include <sys/stat.h>
+
+namespace vorna {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kCannotWrite =
+    "message|Problema|16| Non è possibile scrivere il file di uscita \n";
+const std::string kOptionsNotSaved =
+    "message|INFORMAZIONE|48| Problemi nel salvataggio delle opzioni \n";
+const std::string kOptionsSaved = "message|INFORMAZIONE|48| Opzioni salvate \n";
+
+constexpr std::array<WriteStep, 3> kSteps = {WriteStep::Open, WriteStep::Write, WriteStep::Rename};
+
+// The files that leave the folder as they were.
+std::vector<std::string> FolderListing(const fs::path &folder) {
+    std::vector<std::string> names;
+    for (const auto &entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TEST(WriteFaults, AFailedStepLeavesTheOldFileAndNoTemporary) {
+    test::TempDir dir;
+    const fs::path target = dir.path() / "VornaOut.txt";
+    const std::string old = "18\r\n0\r\n";
+    const std::string text(10000, 'x');
+    for (WriteStep step : kSteps) {
+        dir.Write("VornaOut.txt", old);
+        std::vector<WriteStep> asked;
+        WriteFaults faults{[&](WriteStep s, const fs::path &file) {
+            EXPECT_EQ(file, target);
+            asked.push_back(s);
+            return s == step;
+        }};
+        ScopedWriteFaults installed(faults);
+        EXPECT_FALSE(WriteFileAtomic(target, text));
+        EXPECT_EQ(asked.back(), step);
+        EXPECT_EQ(test::ReadBytes(target), old);
+        EXPECT_EQ(FolderListing(dir.path()), std::vector<std::string>{"VornaOut.txt"});
+    }
+    // Faults end with the object that installed them.
+    EXPECT_TRUE(WriteFileAtomic(target, text));
+    EXPECT_EQ(test::ReadBytes(target), text);
+}
+
+TEST(WriteFaults, ATargetThatIsAFolderStaysAFolder) {
+    test::TempDir dir;
+    fs::create_directories(dir.path() / "Collegamenti.txt" / "inside");
+    EXPECT_FALSE(WriteFileAtomic(dir.path() / "Collegamenti.txt", "x\r\n"));
+    EXPECT_TRUE(fs::is_directory(dir.path() / "Collegamenti.txt" / "inside"));
+    EXPECT_EQ(FolderListing(dir.path()), std::vector<std::string>{"Collegamenti.txt"});
+}
+
+// Surfaces that draw nothing, and one change to the disk once start-up is over.
+class ChangingHost : public ScriptHost {
+public:
+    explicit ChangingHost(std::function<void()> change) : change_(std::move(change)) {}
+    Canvas &Disegno() override { return disegno_; }
+    Canvas &Picture1() override { return picture1_; }
+    void Sync(Program &p) override {
+        disegno_.Resize(p.form.Disegno.width, p.form.Disegno.height);
+        picture1_.Resize(p.form.Picture1.width, p.form.Picture1.height);
+        if (p.structureLoaded && change_) {
+            change_();
+            change_ = nullptr;
+        }
+    }
+
+private:
+    PlainCanvas disegno_{10704, 8328};
+    PlainCanvas picture1_{2100, 1500};
+    std::function<void()> change_;
+};
+
+// The script run in this process on the suite; its printed lines.
+std::string RunHere(const test::DemoSuite &suite, const std::string &script,
+                    std::function<void()> afterStartUp = nullptr) {
+    suite.Write("faults.script", script);
+    std::ostringstream out;
+    ChangingHost host(std::move(afterStartUp));
+    RunScript(suite.root() / "faults.script", "|diroot=" + suite.root().string() + "|", out, host);
+    return out.str();
+}
+
+// A hand-back and the files it writes, with the message a failed file gives.
+struct HandBack {
+    const char *script;
+    const char *folder; // below the suite root
+    std::vector<std::pair<std::string, std::string>> files;
+};
+
+const std::vector<HandBack> &HandBacks() {
+    static const std::vector<HandBack> all = {
+        {"NodoBase\nclicknode 18\nScriColl\n",
+         "lavori/demo01",
+         {{"Collegamenti.txt", kCannotWrite}, {"Dati_Coll_3D.txt", ""}}},
+        {"NodoBase\nclicknode 18\nSalva\n", "lavori/demo01", {{"VornaOut.txt", kCannotWrite}}},
+        {"Rappresentazione\nbutton Salva\nbutton Chiudi\n",
+         "custom",
+         {{"VorNOpzi.txt", kOptionsNotSaved}}},
+    };
+    return all;
+}
+
+std::string OldText(const std::string &name) {
+    return "an older " + name + " that must not lose a byte\r\n";
+}
+
+// Every step of every file of every hand-back fails once: the message is given and the file is
+// as it was; the other files of the same hand-back are written whole.
+TEST(DiskFaults, EachFailedHandBackFileGivesItsMessageAndKeepsItsBytes) {
+    for (const HandBack &h : HandBacks()) {
+        test::DemoSuite clean;
+        const std::string cleanOutput = RunHere(clean, h.script);
+        for (const auto &[name, message] : h.files) {
+            for (WriteStep step : kSteps) {
+                SCOPED_TRACE(name + " step " + std::to_string(static_cast<int>(step)));
+                test::DemoSuite suite;
+                const fs::path folder = suite.root() / h.folder;
+                for (const auto &file : h.files)
+                    suite.Write((fs::path(h.folder) / file.first).string(), OldText(file.first));
+                WriteFaults faults{[&](WriteStep s, const fs::path &target) {
+                    return s == step && target.filename() == name;
+                }};
+                ScopedWriteFaults installed(faults);
+                const std::string output = RunHere(suite, h.script);
+                if (message.empty())
+                    EXPECT_EQ(output, cleanOutput);
+                else
+                    EXPECT_NE(output.find(message), std::string::npos) << output;
+                for (const auto &[other, ignored] : h.files) {
+                    const std::string bytes = test::ReadBytes(folder / other);
+                    if (other == name)
+                        EXPECT_EQ(bytes, OldText(other));
+                    else
+                        EXPECT_EQ(bytes, test::ReadBytes(clean.root() / h.folder / other));
+                }
+                EXPECT_EQ(FolderListing(folder), FolderListing(clean.root() / h.folder));
+            }
+        }
+    }
+}
+
+// A drawing saved over an older one: the writers' own messages, and the old drawing kept.
+TEST(DiskFaults, AFailedDrawingGivesItsMessageAndKeepsTheOldOne) {
+    const std::array<std::pair<const char *, std::string>, 2> kinds = {
+        {{"1", "message|ERRORE|0|Errore durante la scrittura sul file"},
+         {"2", "message|ERRORE|16|ERRORE: non riesco ad aprire il file "}}};
+    for (const auto &[index, message] : kinds)
+        for (WriteStep step : kSteps) {
+            test::DemoSuite suite;
+            const fs::path drawing = suite.job() / "vista.dis";
+            suite.Write("lavori/demo01/vista.dis", OldText("vista.dis"));
+            WriteFaults faults{[&](WriteStep s, const fs::path &) { return s == step; }};
+            ScopedWriteFaults installed(faults);
+            const std::string output =
+                RunHere(suite, "savefile " + drawing.string() + " " + index + "\nSalvaDisegno\n");
+            EXPECT_NE(output.find(message + drawing.string() + "\n"), std::string::npos) << output;
+            EXPECT_EQ(test::ReadBytes(drawing), OldText("vista.dis"));
+        }
+}
+
+TEST(DiskFaults, FoldersAndFilesThatChangeAfterStartUp) {
+    // The job folder vanishes: nothing can be handed back.
+    test::DemoSuite gone;
+    std::string output = RunHere(gone, HandBacks()[0].script, [&] { fs::remove_all(gone.job()); });
+    EXPECT_NE(output.find(kCannotWrite), std::string::npos) << output;
+    EXPECT_FALSE(fs::exists(gone.job()));
+
+    // The files to be written have become folders.
+    test::DemoSuite folders;
+    output = RunHere(folders, HandBacks()[1].script,
+                     [&] { fs::create_directories(folders.job() / "VornaOut.txt" / "kept"); });
+    EXPECT_NE(output.find(kCannotWrite), std::string::npos) << output;
+    EXPECT_TRUE(fs::is_directory(folders.job() / "VornaOut.txt" / "kept"));
+
+    test::DemoSuite options;
+    const fs::path optionsFile = options.root() / "custom" / "VorNOpzi.txt";
+    output = RunHere(options, HandBacks()[2].script, [&] {
+        fs::remove(optionsFile);
+        fs::create_directories(optionsFile / "kept");
+    });
+    EXPECT_NE(output.find(kOptionsNotSaved), std::string::npos) << output;
+    EXPECT_TRUE(fs::is_directory(optionsFile / "kept"));
+
+    // The custom folder vanishes: the options are not saved, and saying so is all that happens.
+    test::DemoSuite custom;
+    output =
+        RunHere(custom, HandBacks()[2].script, [&] { fs::remove_all(custom.root() / "custom"); });
+    EXPECT_NE(output.find(kOptionsNotSaved), std::string::npos) << output;
+
+    // A file that vanished is simply written anew.
+    test::DemoSuite vanished;
+    output = RunHere(vanished, HandBacks()[2].script,
+                     [&] { fs::remove(vanished.root() / "custom" / "VorNOpzi.txt"); });
+    EXPECT_NE(output.find(kOptionsSaved), std::string::npos) << output;
+    EXPECT_TRUE(fs::is_regular_file(vanished.root() / "custom" / "VorNOpzi.txt"));
+}
+
+// Every input file turned into a folder, or into a pipe that nobody writes to, before start-up:
+// each reader reports what a missing file gives, and the program still starts.
+TEST(DiskFaults, InputFilesThatAreFoldersOrPipesReadAsMissing) {
+    for (bool pipes : {false, true}) {
+        test::DemoSuite suite;
+        for (const char *name : {"lavori/demo01/STRUTTUR.STR", "lavori/demo01/sezioni_",
+                                 "lavori/demo01/spessori", "lavori/demo01/VornaNIn.txt",
+                                 "custom/VorNOpzi.txt", "custom/VorOpInt.txt", "progra/font.001"}) {
+            const fs::path file = suite.root() / name;
+            fs::remove(file);
+            if (pipes)
+                ASSERT_EQ(::mkfifo(file.c_str(), 0644), 0);
+            else
+                fs::create_directories(file);
+        }
+        const std::string output = RunHere(suite, "dump options\n");
+        EXPECT_NE(output.find("message|Problema|16| Impossibile leggere il file "),
+                  std::string::npos)
+            << output;
+        EXPECT_NE(output.find("\\font.001 inesistente!\n"), std::string::npos) << output;
+        EXPECT_NE(output.find("message|Problema|16|Errore nella lettura della struttura\n"),
+                  std::string::npos);
+        EXPECT_NE(output.find("display 1=1\n"), std::string::npos); // the built-in defaults
+    }
+}
+
+// The real thing: a job folder and a custom folder that the user may not write to. Root may
+// write anywhere, so as root the program runs as an ordinary user who owns the suite.
+class ReadOnlyFolders : public testing::Test {
+protected:
+    void SetUp() override {
+        if (::geteuid() != 0)
+            return;
+        if (std::system("setpriv --version >/dev/null 2>&1") != 0)
+            GTEST_SKIP() << "running as root without setpriv: a read-only folder cannot be "
+                            "tested here";
+        asUser = "setpriv --reuid=65534 --regid=65534 --clear-groups -- ";
+    }
+    // Gives every file of the suite to the user who runs the program.
+    void GiveToUser() const {
+        if (asUser.empty())
+            return;
+        ASSERT_EQ(::chown(suite.root().c_str(), kNobody, kNobody), 0);
+        for (const auto &entry : fs::recursive_directory_iterator(suite.root()))
+            ASSERT_EQ(::lchown(entry.path().c_str(), kNobody, kNobody), 0);
+    }
+    void WriteOldFiles() const {
+        for (const HandBack &h : HandBacks())
+            for (const auto &file : h.files)
+                suite.Write((fs::path(h.folder) / file.first).string(), OldText(file.first));
+        GiveToUser();
+    }
+    static constexpr ::uid_t kNobody = 65534;
+    test::DemoSuite suite;
+    std::string asUser;
+};
+
+TEST_F(ReadOnlyFolders, HandBacksAreRefusedAndOldFilesKept) {
+    // Writable, the same user saves the options: the folder modes are what refuse it below.
+    WriteOldFiles();
+    test::RunResult control = suite.RunWithPrefix(HandBacks()[2].script, suite.rootName(), asUser);
+    EXPECT_NE(control.output.find(kOptionsSaved), std::string::npos) << control.output;
+
+    WriteOldFiles();
+    ASSERT_EQ(::chmod(suite.job().c_str(), 0555), 0);
+    ASSERT_EQ(::chmod((suite.root() / "custom").c_str(), 0555), 0);
+    for (const HandBack &h : HandBacks()) {
+        test::RunResult r = suite.RunWithPrefix(h.script, suite.rootName(), asUser);
+        EXPECT_NE(r.output.find(h.files[0].second), std::string::npos) << r.output;
+        for (const auto &file : h.files)
+            EXPECT_EQ(test::ReadBytes(suite.root() / h.folder / file.first), OldText(file.first));
+    }
+    // The folder can be cleaned up again.
+    ::chmod(suite.job().c_str(), 0755);
+    ::chmod((suite.root() / "custom").c_str(), 0755);
+}
+
+} // namespace
+} // namespace vorna

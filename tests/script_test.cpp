@@ -1,0 +1,93 @@
+// The script runner on the demo job, in-process: the language as the README documents it, and
+// lines that must fail whole without changing anything.
+#include "app/script_verbs.h"
+#include "e2e_support.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace vorna {
+namespace {
+
+struct Outcome {
+    int status;
+    std::string out;
+};
+
+Outcome RunIn(const test::DemoSuite &suite, const std::string &script) {
+    suite.Write("inline.script", script);
+    std::ostringstream out;
+    int status =
+        RunScript(suite.root() / "inline.script", "|diroot=" + suite.root().string() + "|", out);
+    return {status, out.str()};
+}
+
+bool Has(const std::string &out, const std::string &line) {
+    return out.find(line + "\n") != std::string::npos;
+}
+
+TEST(ScriptLanguage, TheReadmeTablesAreTheVerbRows) {
+    const std::string readme =
+        test::ReadBytes(std::filesystem::path(VORNA_SOURCE_DIR) / "README.md");
+    EXPECT_NE(readme.find(ScriptLanguageTables()), std::string::npos)
+        << "README tables should read:\n"
+        << ScriptLanguageTables();
+}
+
+TEST(ScriptLanguage, BlanksTabsAndTextBeyondAscii) {
+    test::DemoSuite suite;
+    const auto dis = suite.root() / "dir with é";
+    std::filesystem::create_directories(dis);
+    Outcome r =
+        RunIn(suite, "\t\n \t # a comment after blanks\nNodoBase\nclicknode 18\nAggiungi\nNome\n"
+                     "set\tRisposta città,  2\n"
+                     "savefile " +
+                         (dis / "vista è.dis").string() +
+                         "\t1\nSalvaDisegno\n"
+                         "dump controls\n");
+    EXPECT_EQ(r.status, 0) << r.out;
+    EXPECT_TRUE(Has(r.out, "Risposta.text=città,  2")) << r.out;
+    EXPECT_TRUE(std::filesystem::exists(dis / "vista è.dis"));
+}
+
+TEST(ScriptLanguage, ALineThatDoesNotFitFailsWholeAndChangesNothing) {
+    test::DemoSuite suite;
+    Outcome r = RunIn(suite, "click a b\noption OpzMetodo(7)\noption OpzMetodo(x)\n"
+                             "down 1 2 3\nlabel 31\nsavefile x.dis 9\ncolour 1 2 300\n"
+                             "check analLun 2\nset NoSuchBox 1\nOttimizza extra\nresize 1e999 5\n"
+                             "dump controls\n");
+    EXPECT_EQ(r.status, 2);
+    for (const char *line :
+         {"click a b", "option OpzMetodo(7)", "option OpzMetodo(x)", "down 1 2 3", "label 31",
+          "savefile x.dis 9", "colour 1 2 300", "check analLun 2", "set NoSuchBox 1",
+          "Ottimizza extra", "resize 1e999 5"})
+        EXPECT_TRUE(Has(r.out, std::string("error|") + line)) << line;
+    EXPECT_TRUE(Has(r.out, "OpzMetodo(0).checked=1"));
+    EXPECT_TRUE(Has(r.out, "analLun.checked=1"));
+}
+
+TEST(ScriptLanguage, AHandBackThatCannotBeWrittenEndsWithStatusOne) {
+    test::DemoSuite suite;
+    std::filesystem::create_directories(suite.job() / "VornaOut.txt"); // a folder in its place
+    Outcome r = RunIn(suite, "NodoBase\nclicknode 18\nSalvaGeom\ndump folders\n");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(Has(r.out, "message|Problema|16| Non è possibile scrivere il file di uscita "));
+    EXPECT_EQ(r.out.find("rootFolder="), std::string::npos); // the program had ended
+}
+
+TEST(ScriptLanguage, ADialogTakesTheLinesUntilItCloses) {
+    test::DemoSuite suite;
+    Outcome r = RunIn(suite, "Trappola\nOttimizza\nset TextTrappola 7.9\ndump controls\n"
+                             "button Command1\nRappresentazione\nclick LabelCol(3)\n"
+                             "check CheckTxtAste 1\nclick LabelCol(3)\nkey Esc\ndump controls\n");
+    EXPECT_EQ(r.status, 2) << r.out;
+    EXPECT_TRUE(Has(r.out, "error|Ottimizza")); // the main window waits for the dialog
+    EXPECT_TRUE(Has(r.out, "TextTrappola.text=7.9"));
+    EXPECT_TRUE(Has(r.out, "FormOptInt.caption=Opzioni"));
+    EXPECT_TRUE(Has(r.out, "ignored|click LabelCol(3)")); // no labels asked for: disabled
+    EXPECT_TRUE(Has(r.out, "Trappola.caption=Trappola (7)..."));
+    EXPECT_EQ(r.out.find("error|click"), std::string::npos);
+}
+
+} // namespace
+} // namespace vorna
