@@ -41,6 +41,20 @@ struct Suite {
         (void)vorna::tools::WriteStrokeFont(root / "progra" / "font.001");
         commandLine = "|diroot=" + root.string() + "|";
     }
+    // "VornaNIn.txt" with the connection type code that decides how base bars are typed; the
+    // file is written again only when the code changes.
+    void UseConnectionType(int code) {
+        if (code == connectionType)
+            return;
+        const std::string text = "Giunto di prova\r\n" + std::to_string(code) +
+                                 "\r\n3\r\nCO  Colonna\r\nTR  Trave\r\nDI  Diagonale\r\n";
+        const fs::path file =
+            root / "lavori" / std::string(vorna::tools::kJobName) / "VornaNIn.txt";
+        if (!vorna::tools::WriteBytes(file, text).empty())
+            std::abort();
+        connectionType = code;
+    }
+    int connectionType = 0; // the demo's own file until the first input
     ~Suite() {
         std::error_code ignored;
         fs::remove_all(root, ignored);
@@ -219,13 +233,14 @@ std::string Script(Choices &in, const Words &w) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    static const Suite suite;
+    static Suite suite;
     static const Words words;
     Choices in{data, size};
-    // The first byte: where a write fails, and whether the rest is a script as it stands (so
-    // that real scripts can seed the corpus) or choices of the grammar above.
+    // The first byte: where a write fails, the connection type, and whether the rest is a script
+    // as it stands (so that real scripts can seed the corpus) or choices of the grammar above.
     const unsigned first = in.Byte();
     const unsigned step = first % 3;
+    suite.UseConnectionType(1 + static_cast<int>((first >> 2) % 18));
     // Nothing is ever written: the suite stays as it was for the next input, and a path in a
     // script cannot reach the disk. Inside the suite a write fails at the step chosen.
     vorna::WriteFaults faults{[&](vorna::WriteStep s, const fs::path &target) {

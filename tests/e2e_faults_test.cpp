@@ -24,7 +24,7 @@ const std::string kOptionsSaved = "message|INFORMAZIONE|48| Opzioni salvate \n";
 
 constexpr std::array<WriteStep, 3> kSteps = {WriteStep::Open, WriteStep::Write, WriteStep::Rename};
 
-// The files that leave the folder as they were.
+// The names in a folder, sorted: a temporary file left behind shows in them.
 std::vector<std::string> FolderListing(const fs::path &folder) {
     std::vector<std::string> names;
     for (const auto &entry : fs::directory_iterator(folder))
