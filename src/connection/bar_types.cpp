@@ -4,6 +4,7 @@
 
 #include "connection/base_node.h"
 #include "platform/number_text.h"
+#include "platform/portable_math.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ double AcuteAngle(const Vec3 &a, const Vec3 &b) {
     const double c = Cosine(a, b);
     if (std::fabs(1 - std::fabs(c)) < kTolerance)
         return 0;
-    const double angle = std::acos(std::clamp(c, -1.0, 1.0));
+    const double angle = Acos(std::clamp(c, -1.0, 1.0));
     return angle > kPi / 2 ? kPi - angle : angle;
 }
 

@@ -3,6 +3,7 @@
 #include "connection/base_node.h"
 
 #include "connection/bar_types.h"
+#include "platform/portable_math.h"
 
 #include <algorithm>
 #include <cmath>
@@ -153,7 +154,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
 
     picture1.SetLineWidth(3);
     for (int k = 0; k < count; ++k) {
-        const double planar = std::hypot(inPlane[k][0], inPlane[k][1]);
+        const double planar = Hypot(inPlane[k][0], inPlane[k][1]);
         if (!drawn[k] || planar <= kTolerance)
             continue;
         const double x = inPlane[k][0] / planar * length, y = inPlane[k][1] / planar * length;

@@ -2,6 +2,8 @@
 // headed by its first node taken as base node with all its bars.
 #include "connection/joint_types.h"
 
+#include "platform/portable_math.h"
+
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
@@ -12,7 +14,7 @@ namespace {
 // Unit vectors each within kAgreementNorm of their partners: every angle between two of them
 // changes by less than twice the angle such a residual can turn one (2 asin(r / 2)).
 double AngleReach() {
-    return 4 * std::asin(kAgreementNorm / 2);
+    return 4 * Asin(kAgreementNorm / 2);
 }
 
 // What a node shares with every head it is analogous to, under the method in force. The numbers

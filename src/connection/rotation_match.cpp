@@ -3,6 +3,7 @@
 #include "connection/rotation_match.h"
 
 #include "connection/assignment.h"
+#include "platform/portable_math.h"
 
 #include <algorithm>
 #include <cmath>
@@ -234,8 +235,8 @@ std::array<double, 4> LargestEigenvector(std::array<std::array<double, 4>, 4> m)
                 if (m[p][q] == 0)
                     continue;
                 const double theta = (m[q][q] - m[p][p]) / (2 * m[p][q]);
-                const double t = (theta >= 0 ? 1 : -1) / (std::fabs(theta) + std::hypot(theta, 1));
-                const double c = 1 / std::hypot(t, 1), s = t * c;
+                const double t = (theta >= 0 ? 1 : -1) / (std::fabs(theta) + Hypot(theta, 1));
+                const double c = 1 / Hypot(t, 1), s = t * c;
                 for (std::size_t k = 0; k < 4; ++k) {
                     const double kp = m[k][p], kq = m[k][q];
                     m[k][p] = c * kp - s * kq;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/structure_model.h"
+#include "platform/portable_math.h"
 
 #include <array>
 #include <cmath>
@@ -37,7 +38,7 @@ inline Vec3 Cross(const Vec3 &a, const Vec3 &b) {
 // The angle between two vectors in radians; atan2 keeps it exact near 0 and pi, where the
 // cosine is flat.
 inline double AngleBetween(const Vec3 &a, const Vec3 &b) {
-    return std::atan2(Norm(Cross(a, b)), Dot(a, b));
+    return Atan2(Norm(Cross(a, b)), Dot(a, b));
 }
 // Every component below the tolerance in magnitude.
 inline bool AllBelow(const Vec3 &a, double tolerance) {

@@ -5,6 +5,7 @@
 #include "export/clean_drawing.h"
 #include "platform/native_path.h"
 #include "platform/number_text.h"
+#include "platform/portable_math.h"
 #include "platform/text_file.h"
 
 #include <cmath>
@@ -46,7 +47,7 @@ bool IsCoordinate(const DrawBuffers &b, std::int32_t i) {
 double DxfAngle(double dx, double dy) {
     if (std::abs(dx) < kTolerance)
         return dy > 0 ? 90 : 270;
-    const double a = std::abs(std::atan(dy / dx) * 180 / 3.141592654);
+    const double a = std::abs(Atan(dy / dx) * 180 / 3.141592654);
     double angle = 0;
     if (dx >= 0)
         angle = dy >= 0 ? a : 360 - a;

@@ -3,6 +3,7 @@
 #include "view/primitives.h"
 
 #include "platform/number_text.h"
+#include "platform/portable_math.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,10 +85,9 @@ void AddArcElement(DrawBuffers &b, double x, double y, double radius, int colour
         return;
     ArcElement e;
     e.centre = AddCoordinate(b, x, y);
-    e.start =
-        AddCoordinate(b, x + radius * std::cos(startAngle), y + radius * std::sin(startAngle));
+    e.start = AddCoordinate(b, x + radius * Cos(startAngle), y + radius * Sin(startAngle));
     e.centre2 = e.centre;
-    e.end = AddCoordinate(b, x + radius * std::cos(endAngle), y + radius * std::sin(endAngle));
+    e.end = AddCoordinate(b, x + radius * Cos(endAngle), y + radius * Sin(endAngle));
     e.colour = StoredColour(colour);
     if (e.centre >= 0 && e.start >= 0 && e.end >= 0)
         b.arcs.push_back(e);

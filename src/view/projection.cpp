@@ -2,6 +2,8 @@
 // every point, and the model extent that refills the coordinate intervals.
 #include "view/projection.h"
 
+#include "platform/portable_math.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -26,10 +28,9 @@ void BuildViewMatrix(ViewState &view, double a, double b, double c) {
     b = b * kPi / 180;
     c = c * kPi / 180;
     auto &m = view.viewMatrix;
-    m[0] = {std::cos(b) * std::cos(c), -std::sin(b), std::cos(b) * std::sin(c)};
-    m[2] = {std::sin(a) * std::sin(b) * std::cos(c) - std::cos(a) * std::sin(c),
-            std::sin(a) * std::cos(b),
-            std::sin(a) * std::sin(b) * std::sin(c) + std::cos(a) * std::cos(c)};
+    m[0] = {Cos(b) * Cos(c), -Sin(b), Cos(b) * Sin(c)};
+    m[2] = {Sin(a) * Sin(b) * Cos(c) - Cos(a) * Sin(c), Sin(a) * Cos(b),
+            Sin(a) * Sin(b) * Sin(c) + Cos(a) * Cos(c)};
 }
 
 double ProjectX(const ViewState &view, double x, double y, double z) {

@@ -4,6 +4,7 @@
 #include "view/render.h"
 
 #include "platform/number_text.h"
+#include "platform/portable_math.h"
 #include "view/primitives.h"
 #include "view/stroke_font.h"
 #include "view/visibility.h"
@@ -104,7 +105,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
     double shiftX = 0, shiftY = 0;
     for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
-        const double len = std::hypot(ax, ay);
+        const double len = Hypot(ax, ay);
         if (len < 0.0001)
             continue;
         const double reach = axisLength * len + 1.2 * kSqrt2 * letter;
@@ -117,7 +118,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
     static constexpr std::array<const char *, 3> kNames = {"X", "Y", "Z"};
     for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
-        const double len = std::hypot(ax, ay);
+        const double len = Hypot(ax, ay);
         DrawLine(p.Target(), ox, oy, ox + axisLength * ax, oy + axisLength * ay, PenOfCode(colour));
         // The letter's box is centred on its point, just beyond the tip.
         double cx = ox, cy = oy + 1.1 * kSqrt2 * letter;
@@ -245,7 +246,7 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
     const bool sectionCard = in.display(opt::kBarLabelSectionCard) == 1;
     const bool orientation = in.display(opt::kBarLabelOrientation) == 1;
     const bool release = in.display(opt::kBarLabelRelease) == 1;
-    const double pi = 4 * std::atan(1.0);
+    const double pi = 4 * Atan(1.0);
     std::string text;
     for (int i = 0; i < model.barCount; ++i) {
         const Bar &b = model.bars[i];
@@ -275,7 +276,7 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
         // The text reads left to right along the bar: the angle lies in (-90, 90] degrees.
         double degrees = 90;
         if (std::abs(x1 - x2) > 0.0001) {
-            degrees = std::atan(std::abs((y1 - y2) / (x1 - x2))) * 180 / pi;
+            degrees = Atan(std::abs((y1 - y2) / (x1 - x2))) * 180 / pi;
             if ((x1 - x2) * (y1 - y2) < 0)
                 degrees = -degrees;
         }
@@ -283,8 +284,8 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
         const double along = static_cast<double>(text.size()) * style.width / 2;
         const double off = style.distance + style.height / 2;
         const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
-        const double x = mx - along * std::cos(theta) - off * std::sin(theta);
-        const double y = my - along * std::sin(theta) + off * std::cos(theta);
+        const double x = mx - along * Cos(theta) - off * Sin(theta);
+        const double y = my - along * Sin(theta) + off * Cos(theta);
         DrawText(in.font, text, x, y, static_cast<int>(std::floor(degrees)), style.width,
                  style.height, style.colour, p.Target());
     }

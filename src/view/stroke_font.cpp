@@ -3,6 +3,7 @@
 
 #include "platform/native_path.h"
 #include "platform/number_text.h"
+#include "platform/portable_math.h"
 #include "platform/text_file.h"
 
 #include <algorithm>
@@ -77,8 +78,8 @@ void DrawText(const StrokeFont &font, std::string_view text, double x, double y,
     if (canvas.KeepText(text, x, y, angle, charWidth, charHeight, colour))
         return;
     const Pen pen = PenOfCode(colour);
-    const double a = angle * (4 * std::atan(1.0)) / 180;
-    const double cosA = std::cos(a), sinA = std::sin(a);
+    const double a = angle * (4 * Atan(1.0)) / 180;
+    const double cosA = Cos(a), sinA = Sin(a);
     const double sx = charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
     const double sy = charHeight / kCapHeight;
     for (std::size_t k = 0; k < text.size(); ++k) {
