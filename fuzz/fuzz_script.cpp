@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using vorna::ArgKind;
-using vorna::ArgSpec;
+using vorna::ArgRule;
 
 // The demo suite, written once per process into a fresh folder and removed at the end.
 struct Suite {
@@ -152,7 +152,7 @@ const std::vector<std::string> kScenes = {
     "RimTutto\nanswer Cancel\nRimNodoBase",
 };
 
-std::string Argument(Choices &in, const Words &w, const ArgSpec &spec) {
+std::string Argument(Choices &in, const Words &w, const ArgRule &rule) {
     switch (in.Byte() % 8) {
     case 0: // random bytes in place of the argument
         return in.Raw(12);
@@ -161,7 +161,7 @@ std::string Argument(Choices &in, const Words &w, const ArgSpec &spec) {
     default:
         break;
     }
-    switch (spec.kind) {
+    switch (rule.kind) {
     case ArgKind::Word:
         return in.Byte() % 2 ? in.Of(w.words)
                              : in.Of(in.Byte() % 2 ? w.controls : w.dialogControls);

@@ -283,11 +283,11 @@ void AppendTable(std::string &out, const std::vector<Verb<Target>> &verbs) {
         out += std::string("| ") + v.usage + " | " + v.effect + " |\n";
 }
 
-constexpr ArgSpec kWord{ArgKind::Word};
-constexpr ArgSpec kNumber{ArgKind::Number};
-constexpr ArgSpec kOptionalInteger{ArgKind::Integer, true};
-constexpr ArgSpec kText{ArgKind::Text};
-constexpr ArgSpec kOptionalText{ArgKind::Text, true};
+constexpr ArgRule kWord{ArgKind::Word};
+constexpr ArgRule kNumber{ArgKind::Number};
+constexpr ArgRule kOptionalInteger{ArgKind::Integer, true};
+constexpr ArgRule kText{ArgKind::Text};
+constexpr ArgRule kOptionalText{ArgKind::Text, true};
 
 } // namespace
 
@@ -299,15 +299,15 @@ std::pair<std::string_view, std::string_view> SplitVerb(std::string_view line) {
     return {line.substr(0, end), line.substr(end)};
 }
 
-std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgSpec> specs) {
+std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgRule> rules) {
     ScriptArgs args;
-    for (const ArgSpec &spec : specs) {
+    for (const ArgRule &rule : rules) {
         rest = SkipSpaces(rest);
-        if (spec.kind == ArgKind::Text) {
+        if (rule.kind == ArgKind::Text) {
             std::string_view text = rest;
             while (!text.empty() && IsSpace(text.back()))
                 text.remove_suffix(1);
-            if (text.empty() && !spec.optional)
+            if (text.empty() && !rule.optional)
                 return std::nullopt;
             if (!text.empty()) {
                 args.text.emplace_back(text);
@@ -317,13 +317,13 @@ std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgSp
         }
         auto [word, after] = SplitVerb(rest);
         if (word.empty()) {
-            if (spec.optional)
+            if (rule.optional)
                 break;
             return std::nullopt;
         }
         double value = 0;
-        if (spec.kind != ArgKind::Word) {
-            auto v = spec.kind == ArgKind::Integer ? IntegerOf(word) : StrictNumber(word);
+        if (rule.kind != ArgKind::Word) {
+            auto v = rule.kind == ArgKind::Integer ? IntegerOf(word) : StrictNumber(word);
             if (!v || !std::isfinite(*v))
                 return std::nullopt;
             value = *v;
@@ -409,7 +409,7 @@ const std::vector<Verb<Session>> &WindowVerbs() {
         {"label",
          "`label K`",
          "a click on the bar-type label `LabelTipo(K)` of the base-node schema, K = 1..30",
-         {ArgSpec{ArgKind::Integer}},
+         {ArgRule{ArgKind::Integer}},
          [](Session &s, const ScriptArgs &a) {
              if (a.Int(0) < 1 || a.Int(0) > 30)
                  return false;
@@ -419,7 +419,7 @@ const std::vector<Verb<Session>> &WindowVerbs() {
         {"wheel",
          "`wheel N`",
          "N wheel steps on the drawing (positive zooms in)",
-         {ArgSpec{ArgKind::Integer}},
+         {ArgRule{ArgKind::Integer}},
          [](Session &s, const ScriptArgs &a) {
              WheelZoom(s.p, a.Int(0));
              return true;
@@ -450,7 +450,7 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          "`colour R G B` / `colour cancel`",
          "queues the answer of the next colour chooser (R, G, B = 0..255); nothing queued counts "
          "as cancel",
-         {kWord, ArgSpec{ArgKind::Word, true}, ArgSpec{ArgKind::Word, true}},
+         {kWord, ArgRule{ArgKind::Word, true}, ArgRule{ArgKind::Word, true}},
          [](Session &s, const ScriptArgs &a) { return Colour(s.ui, a); }},
         {"pickbox",
          "`pickbox TEXT`",
@@ -537,7 +537,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"colour",
          "`colour R G B` / `colour cancel`",
          "as in the window: for the `Modifica` buttons",
-         {kWord, ArgSpec{ArgKind::Word, true}, ArgSpec{ArgKind::Word, true}},
+         {kWord, ArgRule{ArgKind::Word, true}, ArgRule{ArgKind::Word, true}},
          [](DialogLine &d, const ScriptArgs &a) { return Colour(d.session.ui, a); }},
         {"screenshot",
          "`screenshot FILE.png`",

@@ -20,7 +20,7 @@ enum class ArgKind {
     Text,    // the rest of the line, inner blanks kept; may be empty when optional
 };
 
-struct ArgSpec {
+struct ArgRule {
     ArgKind kind;
     bool optional = false;
 };
@@ -43,7 +43,7 @@ template <typename Target> struct Verb {
     const char *name;
     const char *usage;  // as the README shows it
     const char *effect; // as the README explains it
-    std::vector<ArgSpec> args;
+    std::vector<ArgRule> args;
     // False when the line names what does not exist or a value out of its range; it has then
     // changed nothing.
     bool (*run)(Target &, const ScriptArgs &);
@@ -53,7 +53,7 @@ const std::vector<Verb<ScriptSession>> &WindowVerbs();
 const std::vector<Verb<DialogLine>> &DialogVerbs();
 
 // The words of a line split at blanks and tabs, then checked against the arguments of a verb.
-std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgSpec> args);
+std::optional<ScriptArgs> ParseArgs(std::string_view rest, std::span<const ArgRule> args);
 // The verb word and the rest of a line.
 std::pair<std::string_view, std::string_view> SplitVerb(std::string_view line);
 
