@@ -8,7 +8,7 @@
 #include "large_model.h"
 #include "model/load_structure.h"
 #include "platform/silent_ui.h"
-#include "view/projection.h"
+#include "projection/projection.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,12 +1,13 @@
 // Drawing the full-capacity model on a 1600 x 1000 surface: the batched Qt canvas beside a
 // canvas that makes one QPainter call per line and per circle.
+#include "app/draw_input.h"
 #include "large_model.h"
 #include "model/load_structure.h"
 #include "platform/silent_ui.h"
+#include "projection/projection.h"
+#include "projection/visibility.h"
 #include "ui/qt/qt_canvas.h"
-#include "view/projection.h"
 #include "view/render.h"
-#include "view/visibility.h"
 
 #include <QPainter>
 
@@ -115,10 +116,10 @@ struct FittedModel {
         filter.x0 = e.min[0], filter.x1 = e.max[0];
         filter.y0 = e.min[1], filter.y1 = e.max[1];
         filter.z0 = e.min[2], filter.z1 = e.max[2];
-        ready = vorna::SetViewScale(*model, connection, filter, *view, surface);
+        ready = vorna::SetViewScale(*model, vorna::ListedOf(connection), filter, *view, surface);
     }
     vorna::DrawInput Input() const {
-        return {*model, *view, display, internal, connection, font, true};
+        return {*model, *view, display, internal, vorna::HighlightsOf(connection), font, true};
     }
 };
 

@@ -1,14 +1,15 @@
 // The redraw of a full-capacity model: projection, filter and fit, and the rendering traversal
 // on a canvas that only counts (the floor under any real surface); and the whole "Salva disegno"
 // of the same view, the export pass and the file.
+#include "app/draw_input.h"
 #include "export/dis_file.h"
 #include "export/dxf_file.h"
 #include "large_model.h"
 #include "model/load_structure.h"
 #include "platform/silent_ui.h"
-#include "view/projection.h"
+#include "projection/projection.h"
+#include "projection/visibility.h"
 #include "view/render.h"
-#include "view/visibility.h"
 
 #include <benchmark/benchmark.h>
 
@@ -78,7 +79,7 @@ void BM_ProjectAndFit(benchmark::State &state) {
     CountingCanvas canvas;
     for (auto _ : state) {
         ProjectStructure(*m.model, *m.view, 30, 30, 0);
-        SetViewScale(*m.model, *m.connection, m.filter, *m.view, canvas);
+        SetViewScale(*m.model, ListedOf(*m.connection), m.filter, *m.view, canvas);
         benchmark::DoNotOptimize(m.view->projectedX.data());
     }
 }
@@ -90,8 +91,8 @@ DrawInput FittedInput(benchmark::State &state, CountingCanvas &canvas) {
     if (!m.ok)
         state.SkipWithError("the large model did not load");
     ProjectStructure(*m.model, *m.view, 30, 30, 0);
-    SetViewScale(*m.model, *m.connection, m.filter, *m.view, canvas);
-    return DrawInput{*m.model, *m.view, m.display, m.internal, *m.connection, m.font, true};
+    SetViewScale(*m.model, ListedOf(*m.connection), m.filter, *m.view, canvas);
+    return DrawInput{*m.model, *m.view, m.display, m.internal, HighlightsOf(*m.connection), m.font, true};
 }
 
 void BM_DrawStructure(benchmark::State &state) {

@@ -8,9 +8,9 @@
 #include "connection/joint_types.h"
 #include "connection/rotation_match.h"
 #include "exchange/result_file.h"
+#include "projection/projection.h"
 #include "recording_canvas.h"
 #include "test_support.h"
-#include "view/projection.h"
 
 #include <gtest/gtest.h>
 
@@ -776,7 +776,7 @@ void ExpectSameList(const ConnectionState &s, const std::vector<AnalogousNode> &
         ASSERT_EQ(FindInAnalogous(s, n), it == list.end() ? 0 : it - list.begin() + 1);
     }
     for (int b = 0; b < m.barCount; ++b)
-        ASSERT_EQ(BarInAnalogous(s, b), std::any_of(list.begin(), list.end(), [&](auto &r) {
+        ASSERT_EQ(ListedOf(s).Bar(b), std::any_of(list.begin(), list.end(), [&](auto &r) {
                       return std::count(r.bars.begin(), r.bars.begin() + r.barCount, b) > 0;
                   }));
 }

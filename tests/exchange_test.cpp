@@ -6,9 +6,9 @@
 #include "exchange/connection_file.h"
 #include "exchange/connection_input.h"
 #include "exchange/result_file.h"
+#include "projection/projection.h"
 #include "recording_canvas.h"
 #include "test_support.h"
-#include "view/projection.h"
 
 #include <gtest/gtest.h>
 

@@ -53,6 +53,7 @@ struct Scene {
     std::int16_t Point(double x, double y) {
         view.projectedX[model.pointCount] = x;
         view.projectedY[model.pointCount] = y;
+        ++view.projectionGeneration;
         return model.pointCount++;
     }
     int AddNode(double x, double y, int name, int colour = 1) {

@@ -1,14 +1,15 @@
 // Tests of the 3D view: projection, filters and fit, rendering, the stroke font and primitives,
 // the drawing buffers, and the navigation gestures through the window's commands.
 #include "app/commands.h"
+#include "app/draw_input.h"
+#include "projection/navigation.h"
+#include "projection/projection.h"
+#include "projection/visibility.h"
 #include "recording_canvas.h"
 #include "test_support.h"
-#include "view/navigation.h"
 #include "view/primitives.h"
-#include "view/projection.h"
 #include "view/render.h"
 #include "view/stroke_font.h"
-#include "view/visibility.h"
 
 #include <gtest/gtest.h>
 
@@ -74,7 +75,7 @@ struct Scene {
         std::fill(view.shellShown.begin(), view.shellShown.end(), 1);
     }
     DrawInput Input(bool axes = false) const {
-        return {model, view, display, internal, connection, font, axes};
+        return {model, view, display, internal, HighlightsOf(connection), font, axes};
     }
     void Glyph(unsigned char c, std::initializer_list<std::pair<int, int>> points) {
         int k = 0;
@@ -140,27 +141,27 @@ TEST(ViewFilter, IntervalsToleranceReversedBoxesAndCheckBoxes) {
     s.AddShell({0, 1, 1, -1}, 2, 0);
     VisibilityFilter f;
     f.x0 = 1, f.x1 = 9;
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.nodeShown[0] + 2 * s.view.nodeShown[1] + 4 * s.view.nodeShown[2], 3);
 
     std::swap(f.x0, f.x1);
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.nodeShown[0] + 2 * s.view.nodeShown[1] + 4 * s.view.nodeShown[2], 3);
     EXPECT_EQ(s.view.barShown[0], 1);
 
     f.nodes = false; // hides nodes only
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.nodeShown[0], 0);
     EXPECT_EQ(s.view.barShown[0], 1);
     EXPECT_EQ(s.view.shellShown[0], 1);
 
     f.nodes = true; // with an empty list every element is non-analogous
     f.nonAnalogous = false;
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.nodeShown[0] + s.view.barShown[0] + s.view.shellShown[0], 1);
     s.connection.nodeListed[0] = 1;
     s.connection.barUses[0] = 2;
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.nodeShown[0] + s.view.nodeShown[1] + s.view.barShown[0], 2);
 }
 
@@ -178,7 +179,7 @@ TEST(ViewFilter, ThinShellsHiddenBelowTheMinimumAndNotDrawnAtIt) {
     f.hideThinShells = true;
     f.minShellThickness = 20;
     s.Project();
-    ApplyVisibilityFilter(s.model, s.connection, f, s.view);
+    ApplyVisibilityFilter(s.model, ListedOf(s.connection), f, s.view);
     EXPECT_EQ(s.view.shellShown[0], 0);
     EXPECT_EQ(s.view.shellShown[1], 1);
     EXPECT_EQ(s.view.shellShown[2], 1);
@@ -204,7 +205,7 @@ TEST(ViewFit, MarginCentringZoomWindowAndDegenerateExtents) {
     RecordingCanvas wide(30000, 15000);
     VisibilityFilter f;
     f.x0 = f.z0 = 0, f.x1 = f.z1 = 100;
-    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    ASSERT_TRUE(SetViewScale(s.model, ListedOf(s.connection), f, s.view, wide));
     // 10 % on the maximum side, 11 % on the minimum side: 1.21 times the structure.
     ExpectWindow(s.view.shownWindow, 110, -11, 110, -11);
     const ScaleRect sc = wide.Scale();
@@ -215,15 +216,15 @@ TEST(ViewFit, MarginCentringZoomWindowAndDegenerateExtents) {
     EXPECT_NEAR(s.view.viewScale, 15000.0 / 121, 1e-9);
 
     s.view.zoomWindow = {40, 20, 60, 40};
-    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    ASSERT_TRUE(SetViewScale(s.model, ListedOf(s.connection), f, s.view, wide));
     ExpectWindow(s.view.shownWindow, 42, 17.8, 62, 37.8);
     s.view.zoomWindow = {30, 30, 60, 40}; // no width: fit again
-    ASSERT_TRUE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    ASSERT_TRUE(SetViewScale(s.model, ListedOf(s.connection), f, s.view, wide));
     ExpectWindow(s.view.shownWindow, 110, -11, 110, -11);
 
     f.x1 = 50; // only node 0 shown: no extent, the scale stays
     wide.calls.clear();
-    EXPECT_FALSE(SetViewScale(s.model, s.connection, f, s.view, wide));
+    EXPECT_FALSE(SetViewScale(s.model, ListedOf(s.connection), f, s.view, wide));
     EXPECT_TRUE(wide.calls.empty());
 }
 

@@ -1,6 +1,7 @@
 // The command that saves the current view as a drawing: the save dialog, the export pass into
 // the drawing buffers, and the .dis or DXF writer.
 #include "app/commands.h"
+#include "app/draw_input.h"
 
 #include "export/dis_file.h"
 #include "export/dxf_file.h"
@@ -57,9 +58,7 @@ void SalvaDisegno_Click(Program &p) {
     // As on screen, nothing is drawn from a structure that failed to load.
     if (p.structureLoaded) {
         p.ui.SetBusy(true);
-        ExportDrawing(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
-                                p.font, p.form.VisAssi.checked},
-                      p.disegno, p.buffers);
+        ExportDrawing(DrawInputOf(p), p.disegno, p.buffers);
         for (const std::string &warning : p.buffers.warnings)
             p.ui.MessageBox(warning, "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
         p.ui.SetBusy(false);

@@ -32,10 +32,9 @@ JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogu
     : p_(program), catalogue_(std::move(catalogue)) {
     Label1.caption = "Nodi\tAste\tNodo\tNodi del tipo";
     for (const JointType &t : catalogue_.types)
-        ListaTipi.items.push_back(IntText(static_cast<long long>(t.nodes.size())) + '\t' +
-                                  IntText(t.barCount) + '\t' +
-                                  IntText(NameOf(p_.model, t.nodes.front())) + '\t' +
-                                  MembersText(p_.model, t));
+        ListaTipi.items.push_back(
+            IntText(static_cast<long long>(t.nodes.size())) + '\t' + IntText(t.barCount) + '\t' +
+            IntText(NameOf(p_.model, t.nodes.front())) + '\t' + MembersText(p_.model, t));
     ListaTipi.text = catalogue_.types.empty() ? "" : "1";
     Label2.caption = "Schema del nodo";
     Usa.caption = "Usa";
@@ -54,7 +53,7 @@ int JointTypesDialog::Selected() const {
     auto row = StrictNumber(ListaTipi.text);
     const auto rows = static_cast<double>(catalogue_.types.size());
     return row && *row >= 1 && *row <= rows && std::floor(*row) == *row ? static_cast<int>(*row) - 1
-                                                                         : -1;
+                                                                        : -1;
 }
 
 void JointTypesDialog::Click(std::string_view control) {

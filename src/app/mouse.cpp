@@ -2,9 +2,9 @@
 // rules shared with window selection and the direct pick.
 #include "app/commands.h"
 
+#include "projection/navigation.h"
+#include "projection/visibility.h"
 #include "selection/selection_modes.h"
-#include "view/navigation.h"
-#include "view/visibility.h"
 
 namespace vorna {
 namespace {

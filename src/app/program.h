@@ -10,10 +10,10 @@
 #include "options/options.h"
 #include "platform/canvas.h"
 #include "platform/ui.h"
+#include "projection/navigation_state.h"
+#include "projection/view_state.h"
 #include "selection/command_state.h"
 #include "view/draw_buffers.h"
-#include "view/navigation_state.h"
-#include "view/view_state.h"
 
 #include <memory>
 #include <string>

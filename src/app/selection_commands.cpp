@@ -2,11 +2,11 @@
 #include "app/commands.h"
 
 #include "platform/number_text.h"
+#include "projection/visibility.h"
 #include "selection/designate.h"
 #include "selection/pick.h"
 #include "selection/selection_modes.h"
 #include "selection/selection_string.h"
-#include "view/visibility.h"
 
 namespace vorna {
 namespace {

@@ -1,13 +1,14 @@
 // Commands of the view: fit, zoom, move, redraw, axes and coordinates, interval refills, and the
 // view's start-up steps.
 #include "app/commands.h"
+#include "app/draw_input.h"
 
 #include "platform/number_text.h"
-#include "view/navigation.h"
-#include "view/projection.h"
+#include "projection/navigation.h"
+#include "projection/projection.h"
+#include "projection/visibility.h"
 #include "view/render.h"
 #include "view/stroke_font.h"
-#include "view/visibility.h"
 
 #include <cmath>
 
@@ -44,7 +45,7 @@ VisibilityFilter FilterOfForm(const Program &p) {
 }
 
 void SetViewScaleNow(Program &p) {
-    if (!SetViewScale(p.model, p.connection, FilterOfForm(p), p.view, p.disegno))
+    if (!SetViewScale(p.model, ListedOf(p.connection), FilterOfForm(p), p.view, p.disegno))
         p.ui.SetBusy(false);
 }
 
@@ -75,9 +76,7 @@ void DrawStructureNow(Program &p) {
     if (!p.structureLoaded)
         return;
     p.ui.SetBusy(true);
-    DrawStructure(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
-                            p.font, p.form.VisAssi.checked},
-                  p.disegno);
+    DrawStructure(DrawInputOf(p), p.disegno);
     p.ui.SetBusy(false);
 }
 

@@ -5,7 +5,7 @@
 #include "connection/vec3.h"
 #include "model/messages.h"
 #include "platform/ui.h"
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
 #include <array>
 #include <optional>

@@ -3,7 +3,6 @@
 #include "connection/bar_index.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <tuple>
 
@@ -34,30 +33,6 @@ int Bars(const StructureModel &model) {
     return std::clamp<int>(model.barCount, 0, kBarCapacity);
 }
 
-std::array<double, 6> Rotation(const ViewState &view) {
-    const auto &m = view.viewMatrix;
-    return {m[0][0], m[0][1], m[0][2], m[2][0], m[2][1], m[2][2]};
-}
-
-// A few projected positions and bar ends spread over the tables: positions written by hand
-// instead of through a new rotation still change the fingerprint.
-std::uint64_t Sample(const StructureModel &model, const ViewState &view) {
-    std::uint64_t h = 1469598103934665603ull;
-    auto mix = [&h](std::uint64_t v) { h = (h ^ v) * 1099511628211ull; };
-    const int points = std::clamp<int>(model.pointCount, 0, kPointCapacity);
-    for (int k = 0; k < 64 && points > 0; ++k) {
-        const int i = static_cast<int>(static_cast<long long>(points - 1) * k / 63);
-        mix(std::bit_cast<std::uint64_t>(view.projectedX[i]));
-        mix(std::bit_cast<std::uint64_t>(view.projectedY[i]));
-    }
-    const int bars = Bars(model);
-    for (int k = 0; k < 64 && bars > 0; ++k) {
-        const Bar &b = model.bars[static_cast<int>(static_cast<long long>(bars - 1) * k / 63)];
-        mix(static_cast<std::uint16_t>(b.pointI) | (static_cast<std::uint64_t>(b.pointJ) << 16));
-    }
-    return h;
-}
-
 bool Before(const ProjectedBarIndex::Entry &a, const ProjectedBarIndex::Entry &b) {
     return std::tie(a.cellX, a.cellY, a.bar) < std::tie(b.cellX, b.cellY, b.bar);
 }
@@ -81,15 +56,14 @@ void BuildBarIndex(ProjectedBarIndex &index, const StructureModel &model, const 
     index.view = &view;
     index.barCount = bars;
     index.pointCount = model.pointCount;
-    index.rotation = Rotation(view);
-    index.sample = Sample(model, view);
+    index.projectionGeneration = view.projectionGeneration;
 }
 
 void KeepBarIndexCurrent(ProjectedBarIndex &index, const StructureModel &model,
                          const ViewState &view) {
     const bool current = index.built && index.model == &model && index.view == &view &&
                          index.barCount == Bars(model) && index.pointCount == model.pointCount &&
-                         index.rotation == Rotation(view) && index.sample == Sample(model, view);
+                         index.projectionGeneration == view.projectionGeneration;
     if (!current)
         BuildBarIndex(index, model, view);
 }

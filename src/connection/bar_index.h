@@ -3,9 +3,8 @@
 #pragma once
 
 #include "model/structure_model.h"
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -22,14 +21,13 @@ struct ProjectedBarIndex {
     };
     std::vector<Entry> entries; // sorted by cell, then bar
 
-    // What the index was built from: the same model and rotation give the same projection.
+    // What the index was built from: the same tables and the same projection.
     bool built = false;
     const StructureModel *model = nullptr;
     const ViewState *view = nullptr;
     int barCount = 0;
     int pointCount = 0;
-    std::array<double, 6> rotation{};
-    std::uint64_t sample = 0;
+    std::uint64_t projectionGeneration = 0;
 };
 
 void BuildBarIndex(ProjectedBarIndex &index, const StructureModel &model, const ViewState &view);

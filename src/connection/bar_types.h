@@ -5,7 +5,7 @@
 #include "connection/analogy.h"
 #include "connection/connection_state.h"
 #include "platform/canvas.h"
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
 #include <array>
 #include <string>

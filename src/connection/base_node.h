@@ -7,7 +7,7 @@
 #include "model/messages.h"
 #include "platform/canvas.h"
 #include "platform/ui.h"
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
 #include <array>
 #include <string>

@@ -41,14 +41,6 @@ int FindInAnalogous(const ConnectionState &state, int node) {
     return NodeInTable(node) ? state.nodePosition[node] : 0;
 }
 
-bool InAnalogous(const ConnectionState &state, int node) {
-    return NodeInTable(node) && state.nodeListed[node] != 0;
-}
-
-bool BarInAnalogous(const ConnectionState &state, int bar) {
-    return BarInTable(bar) && state.barUses[bar] > 0;
-}
-
 void AppendAnalogous(ConnectionState &state, const AnalogousNode &record) {
     if (!NodeInTable(record.node) || state.nodeListed[record.node])
         return;

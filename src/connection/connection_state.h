@@ -4,6 +4,7 @@
 
 #include "connection/bar_index.h"
 #include "model/structure_model.h"
+#include "projection/listed_elements.h"
 
 #include <array>
 #include <cstdint>
@@ -74,8 +75,10 @@ inline int BaseBarsInTable(const ConnectionState &state) {
 
 // 1-based position of the node's record, 0 when it is not listed.
 int FindInAnalogous(const ConnectionState &state, int node);
-bool InAnalogous(const ConnectionState &state, int node); // FindInAnalogous > 0, in O(1)
-bool BarInAnalogous(const ConnectionState &state, int bar);
+// Which nodes and bars the list holds, answered from the tables kept in step with it.
+inline ListedElements ListedOf(const ConnectionState &state) {
+    return {state.nodeListed, state.barUses};
+}
 // Appends a record unless its node is listed already (the list keeps the first occurrence).
 void AppendAnalogous(ConnectionState &state, const AnalogousNode &record);
 void RemoveAnalogousRecord(ConnectionState &state, int position);

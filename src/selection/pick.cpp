@@ -3,7 +3,7 @@
 #include "selection/pick.h"
 
 #include "platform/number_text.h"
-#include "view/navigation.h"
+#include "projection/navigation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -53,7 +53,7 @@ int ChoosePickCandidate(std::vector<PickCandidate> candidates, PickKind kind,
         return model.bars[candidates.front().index].name;
     const PickCandidate *chosen = &candidates.front();
     for (const PickCandidate &c : candidates) {
-        bool listed = InAnalogous(connection, c.index);
+        bool listed = ListedOf(connection).Node(c.index);
         if ((function == ActiveFunction::AddNodes && !listed) ||
             (function == ActiveFunction::RemoveNodes && listed)) {
             chosen = &c;

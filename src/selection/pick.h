@@ -4,8 +4,8 @@
 
 #include "connection/connection_state.h"
 #include "model/structure_model.h"
+#include "projection/view_state.h"
 #include "selection/command_state.h"
-#include "view/view_state.h"
 
 #include <cstdint>
 #include <string_view>

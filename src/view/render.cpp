@@ -5,9 +5,9 @@
 
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
+#include "projection/visibility.h"
 #include "view/primitives.h"
 #include "view/stroke_font.h"
-#include "view/visibility.h"
 
 #include <algorithm>
 #include <array>
@@ -57,21 +57,18 @@ void AppendPart(std::string &text, std::string_view prefix, long long value) {
 // for bars visited in ascending order.
 class BaseBarCursor {
 public:
-    explicit BaseBarCursor(const ConnectionState &c) {
-        count_ = std::clamp<int>(c.baseBarCount, 0, kMaxBaseBars);
-        std::copy_n(c.baseBars.begin(), count_, sorted_.begin());
-        std::sort(sorted_.begin(), sorted_.begin() + count_);
+    explicit BaseBarCursor(std::span<const std::int16_t> bars) : sorted_(bars.begin(), bars.end()) {
+        std::sort(sorted_.begin(), sorted_.end());
     }
     bool Holds(int bar) {
-        while (next_ < count_ && sorted_[next_] < bar)
+        while (next_ < sorted_.size() && sorted_[next_] < bar)
             ++next_;
-        return next_ < count_ && sorted_[next_] == bar;
+        return next_ < sorted_.size() && sorted_[next_] == bar;
     }
 
 private:
-    std::array<std::int16_t, kMaxBaseBars> sorted_{};
-    int count_ = 0;
-    int next_ = 0;
+    std::vector<std::int16_t> sorted_;
+    std::size_t next_ = 0;
 };
 
 // The canvas with the line width set only when it changes.
@@ -160,7 +157,7 @@ void DrawBars(const DrawInput &in, Painter &p) {
     const int selected = PixelWidth(in.display(opt::kWidthSelected));
     const Rgb baseColour = OptionColour(in.display(opt::kBaseBarColour));
     const Rgb analogousColour = OptionColour(in.display(opt::kAnalogousBarColour));
-    BaseBarCursor baseBars(in.connection);
+    BaseBarCursor baseBars(in.highlights.baseBars);
     for (int i = 0; i < model.barCount; ++i) {
         const Bar &b = model.bars[i];
         if (!IsLive(b) || !in.view.barShown[i])
@@ -170,7 +167,7 @@ void DrawBars(const DrawInput &in, Painter &p) {
         if (baseBars.Holds(i)) {
             p.Width(selected);
             pen.rgb = baseColour;
-        } else if (BarListed(in.connection, i)) {
+        } else if (in.highlights.listed.Bar(i)) {
             p.Width(selected);
             pen.rgb = analogousColour;
         } else {
@@ -194,10 +191,10 @@ void DrawNodes(const DrawInput &in, Painter &p) {
         if (!IsLive(n) || !in.view.nodeShown[i])
             continue;
         Pen pen = PenOfCode(n.colour);
-        if (i == in.connection.baseNode) {
+        if (i == in.highlights.baseNode) {
             p.Width(selected);
             pen.rgb = baseColour;
-        } else if (!NodeListed(in.connection, i)) {
+        } else if (!in.highlights.listed.Node(i)) {
             p.Width(normal);
             if (!analogousHighlighted)
                 pen.rgb = highlight;

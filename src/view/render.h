@@ -3,21 +3,31 @@
 // export into the drawing buffers.
 #pragma once
 
-#include "connection/connection_state.h"
 #include "model/structure_model.h"
 #include "options/options.h"
 #include "platform/canvas.h"
+#include "projection/listed_elements.h"
+#include "projection/view_state.h"
 #include "view/draw_buffers.h"
-#include "view/view_state.h"
+
+#include <cstdint>
+#include <span>
 
 namespace vorna {
+
+// What the connection highlights: the base node, its bars, and the listed nodes and bars.
+struct Highlights {
+    int baseNode = -1;
+    std::span<const std::int16_t> baseBars;
+    ListedElements listed;
+};
 
 struct DrawInput {
     const StructureModel &model;
     const ViewState &view;
     const DisplayOptions &display;
     const InternalOptions &internal;
-    const ConnectionState &connection;
+    Highlights highlights;
     const StrokeFont &font;
     bool showAxes = true; // VisAssi
 };

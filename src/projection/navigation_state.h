@@ -1,7 +1,7 @@
 // The state of the view gestures (zoom rectangle, move, pan) shared with window selection.
 #pragma once
 
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
 namespace vorna {
 

@@ -22,6 +22,9 @@ struct ViewState {
     std::vector<double> projectedX = std::vector<double>(kPointCapacity);
     std::vector<double> projectedY = std::vector<double>(kPointCapacity);
     std::array<double, 6> axisImage{}; // drawing x, y of the model's unit X, Y and Z
+    // Counts the projections: whatever was computed from the projected positions (the bars at a
+    // position) is current while this stays the same. Code that writes positions itself counts.
+    std::uint64_t projectionGeneration = 0;
     std::vector<std::uint8_t> nodeShown = std::vector<std::uint8_t>(kNodeCapacity);
     std::vector<std::uint8_t> barShown = std::vector<std::uint8_t>(kBarCapacity);
     std::vector<std::uint8_t> shellShown = std::vector<std::uint8_t>(kShellCapacity);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/structure_model.h"
-#include "view/view_state.h"
+#include "projection/view_state.h"
 
 #include <array>
 

@@ -2,10 +2,10 @@
 // they span, and the fit of that window onto the drawing surface.
 #pragma once
 
-#include "connection/connection_state.h"
 #include "model/structure_model.h"
 #include "platform/canvas.h"
-#include "view/view_state.h"
+#include "projection/listed_elements.h"
+#include "projection/view_state.h"
 
 namespace vorna {
 
@@ -20,7 +20,7 @@ struct VisibilityFilter {
 
 // Recomputes every shown flag. Liveness is not looked at: drawing and fitting skip dead
 // elements themselves.
-void ApplyVisibilityFilter(const StructureModel &model, const ConnectionState &connection,
+void ApplyVisibilityFilter(const StructureModel &model, ListedElements listed,
                            const VisibilityFilter &filter, ViewState &view);
 
 // Widens the window to the projected extent of the live shown elements; starts from point 0
@@ -29,18 +29,10 @@ void ShownExtents(const StructureModel &model, const ViewState &view, ViewWindow
 
 // Filters, fits the zoom window (or the shown elements) with its margin and sets the surface's
 // user scale. False when the shown elements have no extent: the scale is left as it was.
-bool SetViewScale(const StructureModel &model, const ConnectionState &connection,
+bool SetViewScale(const StructureModel &model, ListedElements listed,
                   const VisibilityFilter &filter, ViewState &view, Canvas &surface);
 
 // n pixels in drawing units on the surface's current scale (the smaller of the two axes).
 double PixelsToUnits(const Canvas &surface, double pixels);
-
-// The connection state's lookups, bounds-checked: a node with a record, a bar in any record.
-inline bool NodeListed(const ConnectionState &c, int node) {
-    return node >= 0 && node < static_cast<int>(c.nodeListed.size()) && c.nodeListed[node] != 0;
-}
-inline bool BarListed(const ConnectionState &c, int bar) {
-    return bar >= 0 && bar < static_cast<int>(c.barUses.size()) && c.barUses[bar] > 0;
-}
 
 } // namespace vorna

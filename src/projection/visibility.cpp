@@ -1,6 +1,6 @@
 // Which elements are shown (coordinate intervals, element check boxes, thin shells), the window
 // they span, and the fit of that window onto the drawing surface.
-#include "view/visibility.h"
+#include "projection/visibility.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,19 +33,19 @@ void Widen(ViewWindow &w, const ViewState &view, int point) {
 
 } // namespace
 
-void ApplyVisibilityFilter(const StructureModel &model, const ConnectionState &connection,
+void ApplyVisibilityFilter(const StructureModel &model, ListedElements listed,
                            const VisibilityFilter &f, ViewState &view) {
     const Box box{{f.x0, f.x1}, {f.y0, f.y1}, {f.z0, f.z1}};
     auto inside = [&](int point) { return box.Holds(PointAt(model, point)); };
     for (int i = 0; i < model.nodeCount; ++i) {
         bool shown = inside(model.nodes[i].pointIndex) && f.nodes;
-        shown = shown && (NodeListed(connection, i) ? f.analogous : f.nonAnalogous);
+        shown = shown && (listed.Node(i) ? f.analogous : f.nonAnalogous);
         view.nodeShown[i] = shown;
     }
     for (int i = 0; i < model.barCount; ++i) {
         const Bar &b = model.bars[i];
         bool shown = inside(b.pointI) && inside(b.pointJ) && f.bars;
-        shown = shown && (BarListed(connection, i) ? f.analogous : f.nonAnalogous);
+        shown = shown && (listed.Bar(i) ? f.analogous : f.nonAnalogous);
         view.barShown[i] = shown;
     }
     for (int i = 0; i < model.shellCount; ++i) {
@@ -79,9 +79,9 @@ void ShownExtents(const StructureModel &model, const ViewState &view, ViewWindow
         }
 }
 
-bool SetViewScale(const StructureModel &model, const ConnectionState &connection,
+bool SetViewScale(const StructureModel &model, ListedElements listed,
                   const VisibilityFilter &filter, ViewState &view, Canvas &surface) {
-    ApplyVisibilityFilter(model, connection, filter, view);
+    ApplyVisibilityFilter(model, listed, filter, view);
     const ViewWindow &zoom = view.zoomWindow;
     ViewWindow &w = view.shownWindow;
     if (std::abs(zoom.xMax - zoom.xMin) > 0.0001 && std::abs(zoom.yMax - zoom.yMin) > 0.0001)

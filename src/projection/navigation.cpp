@@ -1,9 +1,9 @@
 // The view gestures as pure functions over the view and navigation state: zoom rectangle, move,
 // live pan, wheel zoom, fit, and the coordinate read-out under the cursor.
-#include "view/navigation.h"
+#include "projection/navigation.h"
 
 #include "platform/number_text.h"
-#include "view/visibility.h"
+#include "projection/visibility.h"
 
 #include <algorithm>
 #include <cmath>

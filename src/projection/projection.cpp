@@ -1,6 +1,6 @@
 // The parallel projection: the rotation from the three view angles, the projected position of
 // every point, and the model extent that refills the coordinate intervals.
-#include "view/projection.h"
+#include "projection/projection.h"
 
 #include "platform/portable_math.h"
 
@@ -46,6 +46,7 @@ double ProjectY(const ViewState &view, double x, double y, double z) {
 void ProjectStructure(const StructureModel &model, ViewState &view, double angle0, double angle1,
                       double angle2) {
     BuildViewMatrix(view, angle0, -angle1, angle2);
+    ++view.projectionGeneration;
     const int count = std::clamp<int>(model.pointCount, 0, kPointCapacity);
     for (int i = 0; i < count; ++i) {
         const Point &p = model.points[i];

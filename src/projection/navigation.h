@@ -4,8 +4,8 @@
 
 #include "model/structure_model.h"
 #include "platform/canvas.h"
-#include "view/navigation_state.h"
-#include "view/view_state.h"
+#include "projection/navigation_state.h"
+#include "projection/view_state.h"
 
 #include <optional>
 #include <string>
