@@ -87,7 +87,7 @@ void MatchAnyBars(const Joint &base, const Joint &candidate, bool lengths, Analo
         for (int c = 0; c < columns && u; ++c) {
             const JointBar &v = candidate.bars[c];
             const std::optional<Vec3> w = DirectionOf(v);
-            if (!w || (lengths && std::fabs(b.length - v.length) >= kAgreement))
+            if (!w || (lengths && std::fabs(b.length - v.length) >= kTolerance))
                 continue;
             angle[k * columns + c] = AngleBetween(*u, *w);
             allowed[k * columns + c] = 1;
@@ -120,14 +120,14 @@ double BarLength(const StructureModel &model, int bar) {
 std::optional<Vec3> BarVectorAtNode(const StructureModel &model, int bar, int node) {
     if (!BarInModel(model, bar) || !NodeInModel(model, node))
         return std::nullopt;
-    if (BarLength(model, bar) <= kAgreement)
+    if (BarLength(model, bar) <= kTolerance)
         return Vec3{0, 0, 0};
     const Bar &b = model.bars[bar];
     const Vec3 p = ToVec(PointAt(model, model.nodes[node].pointIndex));
     const Vec3 i = ToVec(PointAt(model, b.pointI)), j = ToVec(PointAt(model, b.pointJ));
-    if (AllBelow(Sub(i, p), kAgreement))
+    if (AllBelow(Sub(i, p), kTolerance))
         return Sub(j, i);
-    if (AllBelow(Sub(j, p), kAgreement))
+    if (AllBelow(Sub(j, p), kTolerance))
         return Sub(i, j);
     return std::nullopt;
 }
@@ -138,7 +138,7 @@ std::array<double, 3> BarVector(const StructureModel &model, int bar, int node) 
 
 std::optional<Vec3> UnitBarVector(const StructureModel &model, int bar, int node) {
     const double length = BarLength(model, bar);
-    if (length <= kAgreement)
+    if (length <= kTolerance)
         return std::nullopt;
     std::optional<Vec3> v = BarVectorAtNode(model, bar, node);
     if (!v)
@@ -147,11 +147,11 @@ std::optional<Vec3> UnitBarVector(const StructureModel &model, int bar, int node
 }
 
 bool SameDirection(const Vec3 &a, const Vec3 &b) {
-    return AllBelow(Sub(a, b), kAgreement);
+    return AllBelow(Sub(a, b), kTolerance);
 }
 
 bool MirroredDirection(const Vec3 &a, const Vec3 &b) {
-    return AllBelow({a[0] + b[0], a[1] + b[1], a[2] - b[2]}, kAgreement);
+    return AllBelow({a[0] + b[0], a[1] + b[1], a[2] - b[2]}, kTolerance);
 }
 
 Joint JointAt(const StructureModel &model, int node, const std::vector<std::int16_t> &bars) {
@@ -165,7 +165,7 @@ Joint JointAt(const StructureModel &model, int node, const std::vector<std::int1
 
 // The same numbers as UnitBarVector, from the vector and length already at hand.
 std::optional<Vec3> DirectionOf(const JointBar &bar) {
-    if (bar.length <= kAgreement || !bar.vector)
+    if (bar.length <= kTolerance || !bar.vector)
         return std::nullopt;
     return Scaled(*bar.vector, 1 / bar.length);
 }

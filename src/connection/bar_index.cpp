@@ -11,7 +11,7 @@ namespace {
 
 // Cells twice the tolerance wide: two coinciding positions always fall in the same or in
 // neighbouring cells, even after the rounding of the division.
-constexpr double kCellSize = 2 * kCoincidence;
+constexpr double kCellSize = 2 * kTolerance;
 // Beyond this no two different doubles coincide; clamping keeps the cell inside 64 bits and
 // only ever merges cells, which the exact test afterwards sorts out.
 constexpr double kFarAway = 1e14;
@@ -25,8 +25,8 @@ bool Finite(double x, double y) {
 }
 
 bool Coincide(const ViewState &view, int point, double x, double y) {
-    return std::fabs(ProjectedXOf(view, point) - x) < kCoincidence &&
-           std::fabs(ProjectedYOf(view, point) - y) < kCoincidence;
+    return std::fabs(ProjectedXOf(view, point) - x) < kTolerance &&
+           std::fabs(ProjectedYOf(view, point) - y) < kTolerance;
 }
 
 int Bars(const StructureModel &model) {

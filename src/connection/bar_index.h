@@ -3,15 +3,13 @@
 #pragma once
 
 #include "model/structure_model.h"
+#include "platform/tolerance.h"
 #include "projection/view_state.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace vorna {
-
-// Two projected positions coincide when they differ by less than this on both drawing axes.
-constexpr double kCoincidence = 0.0001;
 
 struct ProjectedBarIndex {
     struct Entry {

@@ -5,6 +5,7 @@
 #include "connection/base_node.h"
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,9 +14,6 @@
 namespace vorna {
 namespace {
 
-constexpr double kTolerance = 0.0001;
-// The suite rounds pi this way.
-constexpr double kPi = 3.141592654;
 // Near-vertical and right-angle tests allow this much (model units for the horizontal offset of
 // a vertical bar, a cosine for a right angle, radians for the angle to the vertical).
 constexpr double kLoose = 0.1;
@@ -324,7 +322,7 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
 
 bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
                            ConnectionState &state, AnalogyMethod method, int nodeName,
-                           Canvas &disegno, int selectedWidth, int normalWidth) {
+                           Canvas &canvas, int selectedWidth, int normalWidth) {
     auto named = std::find_if(
         state.analogousNodes.begin(), state.analogousNodes.end(), [&](const AnalogousNode &r) {
             return r.node >= 0 && r.node < model.nodeCount && model.nodes[r.node].name == nodeName;
@@ -339,19 +337,19 @@ bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
         for (std::int16_t name : lists.names[t])
             firstType[static_cast<std::uint16_t>(name)] = static_cast<std::uint8_t>(t);
     const AnalogousNode &record = state.analogousNodes[position];
-    disegno.SetLineWidth(selectedWidth);
+    canvas.SetLineWidth(selectedWidth);
     for (int m = 0; m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {
         const int bar = record.bars[m];
         if (bar < 0 || bar >= model.barCount)
             continue;
         const Bar &b = model.bars[bar];
         if (const int t = firstType[static_cast<std::uint16_t>(b.name)])
-            disegno.Line(ProjectedXOf(view, b.pointI), ProjectedYOf(view, b.pointI),
-                         ProjectedXOf(view, b.pointJ), ProjectedYOf(view, b.pointJ),
-                         Pen{BarTypeColour(t)});
+            canvas.Line(ProjectedXOf(view, b.pointI), ProjectedYOf(view, b.pointI),
+                        ProjectedXOf(view, b.pointJ), ProjectedYOf(view, b.pointJ),
+                        Pen{BarTypeColour(t)});
     }
-    disegno.SetLineWidth(normalWidth);
-    disegno.Refresh();
+    canvas.SetLineWidth(normalWidth);
+    canvas.Refresh();
     return true;
 }
 

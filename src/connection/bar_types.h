@@ -50,6 +50,6 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
 // colours of their types. False when no listed node has that name.
 bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
                            ConnectionState &state, AnalogyMethod method, int nodeName,
-                           Canvas &disegno, int selectedWidth, int normalWidth);
+                           Canvas &canvas, int selectedWidth, int normalWidth);
 
 } // namespace vorna

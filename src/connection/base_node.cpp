@@ -4,14 +4,13 @@
 
 #include "connection/bar_types.h"
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace vorna {
 namespace {
-
-constexpr double kTolerance = 0.0001;
 
 Vec3 NodePoint(const StructureModel &model, int node) {
     return node >= 0 && node < model.nodeCount ? ToVec(PointAt(model, model.nodes[node].pointIndex))
@@ -110,12 +109,12 @@ Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state,
 }
 
 BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &state,
-                                  const ConnectionInput &input, Canvas &picture1,
+                                  const ConnectionInput &input, Canvas &canvas,
                                   bool automaticTyping) {
     BaseNodeSchema schema;
-    picture1.Clear();
+    canvas.Clear();
     if (!HasUsableBaseNode(state)) {
-        picture1.Refresh();
+        canvas.Refresh();
         return schema;
     }
     schema.label7Enabled = true;
@@ -137,7 +136,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
                 : std::string();
     }
     if (!frame) {
-        picture1.Refresh();
+        canvas.Refresh();
         return schema;
     }
     std::vector<std::array<double, 2>> inPlane(count);
@@ -150,15 +149,15 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         if (drawn[k])
             extent = std::max({extent, std::fabs(inPlane[k][0]), std::fabs(inPlane[k][1])});
     }
-    const double length = SetSchemaScale(picture1, extent);
+    const double length = SetSchemaScale(canvas, extent);
 
-    picture1.SetLineWidth(3);
+    canvas.SetLineWidth(3);
     for (int k = 0; k < count; ++k) {
         const double planar = Hypot(inPlane[k][0], inPlane[k][1]);
         if (!drawn[k] || planar <= kTolerance)
             continue;
         const double x = inPlane[k][0] / planar * length, y = inPlane[k][1] / planar * length;
-        picture1.Line(0, 0, x, y, Pen{BarTypeColour(state.baseBarTypes[k])});
+        canvas.Line(0, 0, x, y, Pen{BarTypeColour(state.baseBarTypes[k])});
         if (k < kTypeLabels) {
             TypeLabel &label = schema.labels[k + 1];
             label.visible = true;
@@ -166,9 +165,9 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
             label.y = y;
         }
     }
-    picture1.SetLineWidth(1);
-    picture1.FilledCircle(0, 0, 0.08 * length, 0);
-    picture1.Refresh();
+    canvas.SetLineWidth(1);
+    canvas.FilledCircle(0, 0, 0.08 * length, 0);
+    canvas.Refresh();
     return schema;
 }
 

@@ -31,7 +31,7 @@ bool GatherBaseBars(const StructureModel &model, const ViewState &view, Connecti
 // the first lies on the node, otherwise the first.
 Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state, int k);
 
-// One label LabelTipo(k) of the schema: position in Picture1's drawing units.
+// One label LabelTipo(k) of the schema: position in the schema canvas's drawing units.
 struct TypeLabel {
     bool visible = false;
     std::string caption; // the code of the base bar's type
@@ -45,11 +45,11 @@ struct BaseNodeSchema {
     std::array<TypeLabel, kTypeLabels + 1> labels; // 1..30; every label hidden unless drawn
 };
 
-// Clears Picture1 and draws the base bars that lie in the plane of the first two directions
-// that span one, all with the same length, in the colours of their types, and the node; with
-// automaticTyping the bar types are first assigned from the connection type code.
+// Clears the schema canvas and draws the base bars that lie in the plane of the first two
+// directions that span one, all with the same length, in the colours of their types, and the node;
+// with automaticTyping the bar types are first assigned from the connection type code.
 BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &state,
-                                  const ConnectionInput &input, Canvas &picture1,
+                                  const ConnectionInput &input, Canvas &canvas,
                                   bool automaticTyping);
 
 } // namespace vorna

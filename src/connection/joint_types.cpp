@@ -111,7 +111,7 @@ bool MayMatch(const Signature &head, const Signature &node, const AnalogyParamet
     case AnalogyMethod::IdenticalOrMirrored: {
         const bool oneToOne = params.method == AnalogyMethod::IdenticalOrMirrored;
         return Reaches(head.lengths, node.lengths, kAgreementNorm, oneToOne) &&
-               Reaches(head.heights, node.heights, kAgreement, oneToOne);
+               Reaches(head.heights, node.heights, kTolerance, oneToOne);
     }
     case AnalogyMethod::Rotated: {
         // |bj.bk - vc.vd| <= |R bj - vc| |bk| + |vc| |R bk - vd|.
@@ -123,7 +123,7 @@ bool MayMatch(const Signature &head, const Signature &node, const AnalogyParamet
     }
     case AnalogyMethod::Any:
         return head.compared <= node.compared &&
-               Reaches(head.lengths, node.lengths, kAgreement, true);
+               Reaches(head.lengths, node.lengths, kTolerance, true);
     }
     return true;
 }
@@ -141,7 +141,7 @@ class HeadIndex {
 public:
     explicit HeadIndex(const AnalogyParameters &params) : params_(params) {
         const AnalogyMethod m = params.method;
-        reach_ = m != AnalogyMethod::Rotated ? kAgreement
+        reach_ = m != AnalogyMethod::Rotated ? kTolerance
                  : params.compareLengths     ? kAgreementNorm
                                              : AngleReach();
         keyed_ = m != AnalogyMethod::Any || params.compareLengths;
@@ -277,7 +277,7 @@ private:
     }
 
     const AnalogyParameters &params_;
-    double reach_ = kAgreement;
+    double reach_ = kTolerance;
     bool keyed_ = true;
     std::unordered_map<Cell, std::vector<std::size_t>, CellHash> cells_;
     std::array<std::vector<std::size_t>, kMaxBaseBars + 1> unkeyed_, every_;

@@ -84,7 +84,7 @@ public:
             return best_;
         const Vec3 along = Unit(base_[a]);
         int j = -1;
-        double across = kAgreement;
+        double across = kTolerance;
         for (int k = 0; k < n_; ++k) {
             const double d = Norm(Sub(base_[k], Scaled(along, Dot(base_[k], along))));
             if (d >= across)
@@ -143,7 +143,7 @@ private:
             const Vec3 image = Rotate(r, base_[k]);
             for (int c = 0; c < m_; ++c)
                 graph_.edges[k * m_ + c] =
-                    candidates_[c] && AllBelow(Sub(image, *candidates_[c]), kAgreement);
+                    candidates_[c] && AllBelow(Sub(image, *candidates_[c]), kTolerance);
         }
         Restrict(anchors);
         return LexFirstMatching(graph_);
@@ -202,7 +202,7 @@ private:
                 const Vec3 miss = Sub(Rotate(r, base_[k]), to[k]);
                 const double worst =
                     std::max({std::fabs(miss[0]), std::fabs(miss[1]), std::fabs(miss[2])}) /
-                    kAgreement;
+                    kTolerance;
                 weights[k] *= 1 + worst * worst * worst * worst;
             }
         }

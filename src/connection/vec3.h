@@ -3,6 +3,7 @@
 
 #include "model/structure_model.h"
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 
 #include <array>
 #include <cmath>
@@ -11,11 +12,9 @@ namespace vorna {
 
 using Vec3 = std::array<double, 3>;
 
-// Two numbers of the connection's geometry agree when they differ by less than this.
-constexpr double kAgreement = 0.0001;
-// Vectors whose components all agree differ by less than this in length (sqrt(3) kAgreement),
+// Vectors whose components all agree differ by less than this in length (sqrt(3) kTolerance),
 // and so do their lengths.
-constexpr double kAgreementNorm = 1.7320508075688772 * kAgreement;
+constexpr double kAgreementNorm = 1.7320508075688772 * kTolerance;
 
 inline Vec3 ToVec(const Point &p) {
     return {p.x, p.y, p.z};

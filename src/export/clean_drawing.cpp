@@ -1,5 +1,6 @@
 // The extents of the drawing buffers and their clean-up before a .dis file is written.
 #include "export/clean_drawing.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,7 +12,6 @@
 namespace vorna {
 namespace {
 
-constexpr double kTolerance = 0.0001;
 // Twice the tolerance: two coordinates closer than it on an axis lie in the same or adjacent
 // cells with a wide margin for the rounding of the division.
 constexpr double kCellSize = 0.0002;

@@ -7,13 +7,12 @@
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
 #include "platform/text_file.h"
+#include "platform/tolerance.h"
 
 #include <cmath>
 
 namespace vorna {
 namespace {
-
-constexpr double kTolerance = 0.0001;
 
 // Group codes are written right-aligned as the readers of the suite's files expect (" 10").
 void Group(std::string &out, std::string_view code, std::string_view value) {
@@ -47,7 +46,7 @@ bool IsCoordinate(const DrawBuffers &b, std::int32_t i) {
 double DxfAngle(double dx, double dy) {
     if (std::abs(dx) < kTolerance)
         return dy > 0 ? 90 : 270;
-    const double a = std::abs(Atan(dy / dx) * 180 / 3.141592654);
+    const double a = std::abs(Atan(dy / dx) * 180 / kPi);
     double angle = 0;
     if (dx >= 0)
         angle = dy >= 0 ? a : 360 - a;

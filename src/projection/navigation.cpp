@@ -3,6 +3,7 @@
 #include "projection/navigation.h"
 
 #include "platform/number_text.h"
+#include "platform/tolerance.h"
 #include "projection/visibility.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace vorna {
 namespace {
 
 bool HasSize(const ViewWindow &w) {
-    return std::abs(w.xMax - w.xMin) >= 0.0001 || std::abs(w.yMax - w.yMin) >= 0.0001;
+    return std::abs(w.xMax - w.xMin) >= kTolerance || std::abs(w.yMax - w.yMin) >= kTolerance;
 }
 
 ViewWindow Shifted(const ViewWindow &w, double dx, double dy) {

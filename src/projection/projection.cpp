@@ -3,15 +3,13 @@
 #include "projection/projection.h"
 
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace vorna {
 namespace {
-
-// The suite rounds pi this way; keeping it keeps every projected position identical.
-constexpr double kPi = 3.141592654;
 
 void Widen(ModelExtent &e, const Point &p) {
     const std::array<double, 3> v{p.x, p.y, p.z};

@@ -1,6 +1,7 @@
 // Which elements are shown (coordinate intervals, element check boxes, thin shells), the window
 // they span, and the fit of that window onto the drawing surface.
 #include "projection/visibility.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,11 +85,12 @@ bool SetViewScale(const StructureModel &model, ListedElements listed,
     ApplyVisibilityFilter(model, listed, filter, view);
     const ViewWindow &zoom = view.zoomWindow;
     ViewWindow &w = view.shownWindow;
-    if (std::abs(zoom.xMax - zoom.xMin) > 0.0001 && std::abs(zoom.yMax - zoom.yMin) > 0.0001)
+    if (std::abs(zoom.xMax - zoom.xMin) > kTolerance &&
+        std::abs(zoom.yMax - zoom.yMin) > kTolerance)
         w = zoom;
     else
         ShownExtents(model, view, w);
-    if (std::abs((w.xMax - w.xMin) * (w.yMax - w.yMin)) < 0.0001)
+    if (std::abs((w.xMax - w.xMin) * (w.yMax - w.yMin)) < kTolerance)
         return false;
     // The margin of the minimum side is taken from the already enlarged window: 10 % on one
     // side, 11 % on the other, as the suite draws it.

@@ -3,6 +3,7 @@
 #include "selection/pick.h"
 
 #include "platform/number_text.h"
+#include "platform/tolerance.h"
 #include "projection/navigation.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ bool BarPickDistance(const StructureModel &model, const ViewState &view, int bar
     double xj = ProjectedXOf(view, b.pointJ), yj = ProjectedYOf(view, b.pointJ);
     double dy = yj - yi, dx = xi - xj;
     double length = std::sqrt(dx * dx + dy * dy);
-    if (!(length > 0.0001))
+    if (!(length > kTolerance))
         return false;
     distance = std::fabs(dy * (x - xi) + dx * (y - yi)) / length;
     // The box around the segment, enlarged by the radius, keeps the line's prolongation out.

@@ -4,6 +4,7 @@
 
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,21 +44,21 @@ Pen PenOfCode(int code) {
 }
 
 void DrawLine(Canvas &canvas, double x1, double y1, double x2, double y2, const Pen &pen) {
-    if (std::abs(x1 - x2) <= 0.0001 && std::abs(y1 - y2) <= 0.0001)
+    if (std::abs(x1 - x2) <= kTolerance && std::abs(y1 - y2) <= kTolerance)
         return;
     canvas.Line(x1, y1, x2, y2, pen);
 }
 
 void DrawArc(Canvas &canvas, double x, double y, double diameter, const Pen &pen, double startAngle,
              double endAngle) {
-    if (diameter > 0.0001)
+    if (diameter > kTolerance)
         canvas.Arc(x, y, diameter / 2, pen, startAngle, endAngle);
 }
 
 std::int32_t AddCoordinate(DrawBuffers &b, double x, double y) {
     const auto count = static_cast<std::int32_t>(b.coordX.size());
     for (std::int32_t i = count - 1; i >= 0 && i >= count - 31; --i)
-        if (std::abs(b.coordX[i] - x) < 0.0001 && std::abs(b.coordY[i] - y) < 0.0001)
+        if (std::abs(b.coordX[i] - x) < kTolerance && std::abs(b.coordY[i] - y) < kTolerance)
             return i;
     if (!Room(b, b.coordX.size(), kCoordCapacity, kTooManyCoordinates))
         return -1;

@@ -5,6 +5,7 @@
 
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
+#include "platform/tolerance.h"
 #include "projection/visibility.h"
 #include "view/primitives.h"
 #include "view/stroke_font.h"
@@ -103,7 +104,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
     for (std::size_t k = 0; k < 3; ++k) {
         const double ax = in.view.axisImage[2 * k], ay = in.view.axisImage[2 * k + 1];
         const double len = Hypot(ax, ay);
-        if (len < 0.0001)
+        if (len < kTolerance)
             continue;
         const double reach = axisLength * len + 1.2 * kSqrt2 * letter;
         shiftX = std::min(shiftX, ax * reach / len);
@@ -119,7 +120,7 @@ void DrawAxisTriad(const DrawInput &in, Painter &p) {
         DrawLine(p.Target(), ox, oy, ox + axisLength * ax, oy + axisLength * ay, PenOfCode(colour));
         // The letter's box is centred on its point, just beyond the tip.
         double cx = ox, cy = oy + 1.1 * kSqrt2 * letter;
-        if (len >= 0.0001) {
+        if (len >= kTolerance) {
             const double d = axisLength * len + 0.7 * kSqrt2 * letter;
             cx = ox + d * ax / len;
             cy = oy + d * ay / len;
@@ -272,7 +273,7 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
         const double x2 = ProjectedXOf(in.view, b.pointJ), y2 = ProjectedYOf(in.view, b.pointJ);
         // The text reads left to right along the bar: the angle lies in (-90, 90] degrees.
         double degrees = 90;
-        if (std::abs(x1 - x2) > 0.0001) {
+        if (std::abs(x1 - x2) > kTolerance) {
             degrees = Atan(std::abs((y1 - y2) / (x1 - x2))) * 180 / pi;
             if ((x1 - x2) * (y1 - y2) < 0)
                 degrees = -degrees;
