@@ -3,10 +3,10 @@
 #include "connection/connection_state.h"
 
 #include "platform/canvas.h"
+#include "platform/invariant.h"
 #include "platform/number_text.h"
 
 #include <algorithm>
-#include <cassert>
 
 namespace vorna {
 namespace {
@@ -44,7 +44,7 @@ int FindInAnalogous(const ConnectionState &state, int node) {
 void AppendAnalogous(ConnectionState &state, const AnalogousNode &record) {
     if (!NodeInTable(record.node) || state.nodeListed[record.node])
         return;
-    assert(state.analogousNodes.size() < static_cast<std::size_t>(kAnalogousCapacity));
+    VORNA_INVARIANT(state.analogousNodes.size() < static_cast<std::size_t>(kAnalogousCapacity));
     state.analogousNodes.push_back(record);
     state.nodeListed[record.node] = 1;
     state.nodePosition[record.node] = static_cast<std::int32_t>(state.analogousNodes.size());
