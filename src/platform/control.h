@@ -32,14 +32,6 @@ struct Control {
     std::vector<std::string> items;
 };
 
-// The controls of an array, from index first, each by its name "name(i)".
-template <std::size_t N>
-void ForEachOfArray(const char *name, std::array<Control, N> &controls, std::size_t first,
-                    const std::function<void(std::string_view, Control &)> &fn) {
-    for (std::size_t i = first; i < N; ++i)
-        fn(std::string(name) + "(" + std::to_string(i) + ")", controls[i]);
-}
-
 // A control as its form is created.
 struct ControlStart {
     const char *caption = "";
