@@ -118,7 +118,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         picture1.Refresh();
         return schema;
     }
-    schema.label7Enabled = true;
+    schema.showsBaseNode = true;
     const int count = state.baseBarCount;
     std::vector<Vec3> directions;
     directions.reserve(count);

@@ -178,10 +178,10 @@ void FormOptDialog::MouseUp(std::string_view control) {
         ControllaNumerazioneAtt(form);
 }
 
-double AggiornaOpzioniInterne_(std::string_view textTrappola) {
+double PickBoxSizeOf(std::string_view typed) {
     // Rounded down, then made positive: -12.7 gives 13, 12.7 gives 12. An empty or unreadable
     // text gives 0, which switches direct selection off.
-    const double size = std::fabs(std::floor(LeadingNumber(textTrappola)));
+    const double size = std::fabs(std::floor(LeadingNumber(typed)));
     return std::isfinite(size) ? size : 0;
 }
 
@@ -200,7 +200,7 @@ void FormOptIntDialog::Click(std::string_view control) {
     if (control != "Command1")
         return;
     double &size = options_.values[opt::kPickBoxSize];
-    size = AggiornaOpzioniInterne_(form.TextTrappola.text);
+    size = PickBoxSizeOf(form.TextTrappola.text);
     if (size == 0) // kept all the same: direct selection then picks nothing
         ui_.MessageBox(messages_[18], "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
     taken = true;

@@ -64,9 +64,9 @@ private:
     Ui &ui_;
 };
 
-// The pick-box size typed in TextTrappola: rounded down, then made positive; 0 when empty or
+// The pick-box size from the text typed for it: rounded down, then made positive; 0 when empty or
 // unreadable.
-double AggiornaOpzioniInterne_(std::string_view textTrappola);
+double PickBoxSizeOf(std::string_view typed);
 
 // FormOptInt open on the current pick-box size: "Chiudi" (Command1) sets the size, warning when
 // it is 0; Esc closes without a change.
