@@ -76,6 +76,21 @@ TEST_F(WindowTest, EveryControlAndMenuItemIsBoundToTheForm) {
     }
 }
 
+TEST_F(WindowTest, MenuTreeAndIconBarGroupsFollowTheTable) {
+    QStringList selezioni;
+    for (QAction *a : Action("&Selezioni")->menu()->actions())
+        selezioni << a->text();
+    EXPECT_EQ(selezioni, QStringList({"&Finestra", "&Colore", "Tipo &punto", "Vincolo",
+                                      "N&ome elemento", "T&utto"}));
+    EXPECT_EQ(Action("&Colore")->menu()->actions().size(), 10);
+    QString bar;
+    for (QAction *a : window.findChild<QToolBar *>()->actions()) {
+        bar += a->isSeparator() ? "|" : "b";
+        EXPECT_TRUE(a->isSeparator() || !a->icon().isNull()) << a->toolTip().toStdString();
+    }
+    EXPECT_EQ(bar, "bbbb|bbbb|bbbbb|b");
+}
+
 TEST_F(WindowTest, MenusFollowCaptionsChecksAndEnabling) {
     UpdateBaseNodeCommands(*program);
     program->form.Trappola.caption = "Trappola (9)...";
