@@ -43,32 +43,28 @@ std::span<const FormRow> FormVornaRows() {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #define VORNA_ARRAY VORNA_ARRAY_ROW
 #define VORNA_ELEMENT VORNA_ELEMENT_ROW
-#define VORNA_MENU(id, label)                                                                      \
-    {.kind = RowKind::Menu,                                                                        \
-     .name = #id,                                                                                  \
-     .controls = ControlsOf<&Form::id>,                                                            \
-     .start = {.caption = label}},
+#define VORNA_MENU(id, label) VORNA_SUBMENU(id, , label)
 #define VORNA_SUBMENU(id, menu, label)                                                             \
     {.kind = RowKind::Menu,                                                                        \
      .name = #id,                                                                                  \
      .controls = ControlsOf<&Form::id>,                                                            \
-     .start = {.caption = label},                                                                  \
+     .start = {.caption = (label)},                                                                \
      .parent = #menu},
 #define VORNA_MENU_ITEM(id, menu, label, key, command, ...)                                        \
     {.kind = RowKind::MenuItem,                                                                    \
      .name = #id,                                                                                  \
      .controls = ControlsOf<&Form::id>,                                                            \
-     .start = {.caption = label __VA_OPT__(, ) __VA_ARGS__},                                       \
+     .start = {.caption = (label)__VA_OPT__(, ) __VA_ARGS__},                                      \
      .parent = #menu,                                                                              \
-     .shortcut = key,                                                                              \
-     .run = command},
+     .shortcut = (key),                                                                            \
+     .run = (command)},
 #define VORNA_BUTTON(key, bar, tip, command)                                                       \
     {.kind = RowKind::Button,                                                                      \
      .name = #key,                                                                                 \
      .controls = ControlsOf<&Form::btn##key>,                                                      \
-     .start = {.tooltip = tip},                                                                    \
+     .start = {.tooltip = (tip)},                                                                  \
      .parent = #bar,                                                                               \
-     .run = command},
+     .run = (command)},
 #define VORNA_BUTTON_GAP(bar) {.kind = RowKind::Gap, .name = "", .parent = #bar},
 #include "app/form_vorna_controls.h"
     };

@@ -27,9 +27,9 @@ struct FormVorna {
     // Every control, menu and item by its name; the icon-bar buttons by their keys (btnZoom).
 #define VORNA_CONTROL VORNA_CONTROL_FIELD
 #define VORNA_ARRAY VORNA_ARRAY_FIELD
-#define VORNA_MENU(id, label) Control id;
-#define VORNA_SUBMENU(id, menu, label) Control id;
-#define VORNA_MENU_ITEM(id, ...) Control id;
+#define VORNA_MENU VORNA_CONTROL_FIELD
+#define VORNA_SUBMENU VORNA_CONTROL_FIELD
+#define VORNA_MENU_ITEM VORNA_CONTROL_FIELD
 #define VORNA_BUTTON(key, ...) Control btn##key;
 #include "app/form_vorna_controls.h"
 };
