@@ -72,10 +72,12 @@ struct Words {
         "OK",      "Cancel",  "Enter", "Esc",          "cancel", "0",          "1",
         "18",      "30",      "-1",    "OpzMetodo(2)", "32001"};
     Words() {
-        for (const vorna::Command &c : vorna::CommandTable())
-            menuItems.emplace_back(c.menuItem);
-        for (const vorna::ToolbarButton &b : vorna::ToolbarButtons())
-            buttonKeys.emplace_back(b.key);
+        for (const vorna::FormRow &row : vorna::FormVornaRows()) {
+            if (row.kind == vorna::RowKind::MenuItem)
+                menuItems.emplace_back(row.name);
+            else if (row.kind == vorna::RowKind::Button)
+                buttonKeys.emplace_back(row.name);
+        }
         vorna::FormVorna form = vorna::InitialForm();
         vorna::ForEachControl(
             form, [&](std::string_view n, vorna::Control &) { controls.emplace_back(n); });

@@ -1,4 +1,5 @@
-// Tests of the folders, the start-up sequence and the script runner's first commands.
+// Tests of the folders, the start-up sequence, the form's table and its commands, and the script
+// runner's first commands.
 #include "app/commands.h"
 #include "app/folders.h"
 #include "app/script_runner.h"
@@ -10,6 +11,7 @@
 
 #include <memory>
 #include <random>
+#include <set>
 #include <sstream>
 
 namespace vorna {
@@ -121,6 +123,82 @@ TEST(ScriptRunner, UnknownLinesAreReportedAndDumpsShowUnsetOptions) {
                        "node 0 pointIndex=0 pointType=1 colour=2 name=5 constraintCard=0\n"),
               std::string::npos);
     EXPECT_NE(out.find("error|fly away\n"), std::string::npos);
+}
+
+// What the menus, the icon bar and the lookups of names rely on: every name once, every item in
+// a menu declared before it, every element inside its array, a command behind every item.
+TEST(FormTable, RowsHangTogether) {
+    FormVorna form = InitialForm();
+    std::set<std::string> names;
+    ForEachControl(form, [&](std::string_view name, Control &) {
+        EXPECT_TRUE(names.emplace(name).second) << name << " twice";
+    });
+    std::set<std::string> menus;
+    const FormRow *array = nullptr;
+    for (const FormRow &row : FormVornaRows()) {
+        const std::string parent = row.parent;
+        switch (row.kind) {
+        case RowKind::Menu:
+            EXPECT_TRUE(parent.empty() || menus.contains(parent)) << row.name;
+            menus.insert(row.name);
+            break;
+        case RowKind::MenuItem:
+            EXPECT_TRUE(menus.contains(parent)) << row.name;
+            EXPECT_NE(row.run, nullptr) << row.name;
+            break;
+        case RowKind::Button:
+            EXPECT_NE(FindControl(form, parent), nullptr) << row.name;
+            EXPECT_NE(row.run, nullptr) << row.name;
+            break;
+        case RowKind::Array:
+            array = &row;
+            EXPECT_EQ(row.controls(form).size(), static_cast<std::size_t>(row.last) + 1);
+            break;
+        case RowKind::Element:
+            ASSERT_NE(array, nullptr) << row.name;
+            EXPECT_STREQ(row.name, array->name);
+            EXPECT_TRUE(row.first >= array->first && row.first <= array->last) << row.name;
+            break;
+        default:
+            break;
+        }
+    }
+    EXPECT_EQ(form.OpzMetodo[1].caption, "Nodi identici e simmetrici");
+    EXPECT_TRUE(form.OpzMetodo[0].checked && !form.OpzMetodo[1].checked);
+    EXPECT_FALSE(form.LabelTipo[30].visible);
+    EXPECT_EQ(FindControl(form, "Toolbar1.Zoom"), &form.btnZoom);
+    EXPECT_EQ(FindControl(form, "LabelTipo(0)"), nullptr) << "shown from 1";
+}
+
+TEST(FormTable, CommandsRunOnlyWhenTheyAndTheirMenusAreEnabled) {
+    test::RecordingUi ui;
+    PlainCanvas surface(1500, 1500);
+    auto owned = std::make_unique<Program>(ui, surface, surface);
+    Program &p = *owned;
+    EXPECT_TRUE(IsMenuItem("ZoomIn") && !IsMenuItem("Zoom") && !IsMenuItem("Selezioni"));
+    EXPECT_TRUE(IsToolbarButton("Zoom") && !IsToolbarButton("ZoomIn"));
+
+    EXPECT_TRUE(RunMenuItem(p, "BarraIcone"));
+    EXPECT_FALSE(p.form.Toolbar1.visible);
+    p.form.BarraIcone.enabled = false;
+    EXPECT_FALSE(RunMenuItem(p, "BarraIcone"));
+    EXPECT_FALSE(p.form.Toolbar1.visible);
+
+    p.form.Colore.enabled = false;
+    EXPECT_TRUE(p.form.Rosso.enabled);
+    EXPECT_FALSE(RunMenuItem(p, "Rosso")) << "its submenu is off";
+
+    const double width = p.form.width;
+    EXPECT_TRUE(RunToolbarButton(p, "AggiungiBarraLat"));
+    EXPECT_FALSE(p.form.BarraLat.checked);
+    EXPECT_LT(p.form.width, width);
+    p.form.btnAggiungiBarraLat.enabled = false;
+    EXPECT_FALSE(RunToolbarButton(p, "AggiungiBarraLat"));
+    EXPECT_FALSE(RunToolbarButton(p, "Nope") || RunMenuItem(p, "Nope"));
+
+    p.exitRequested = true;
+    EXPECT_FALSE(RunMenuItem(p, "VisAssi"));
+    EXPECT_TRUE(p.form.VisAssi.checked);
 }
 
 TEST(Layout, TheDrawingFillsItsSpaceAfterAnyTogglesAndResizes) {

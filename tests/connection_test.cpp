@@ -501,7 +501,7 @@ TEST(BarTypes, SchemaDrawsTheBarsInThePlaneAndLabelsThirty) {
     f.ChooseBase(base);
     test::RecordingCanvas picture(2100, 1500);
     BaseNodeSchema schema = DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), picture, true);
-    EXPECT_TRUE(schema.label7Enabled);
+    EXPECT_TRUE(schema.showsBaseNode);
     // Every bar but the one along y lies in the plane x-z; only 30 carry a label.
     EXPECT_EQ(picture.Of(test::CanvasCall::Line).size(), bars.size() - 1);
     EXPECT_EQ(picture.Of(test::CanvasCall::Line)[0].colour, BarTypeColour(2));
@@ -513,7 +513,7 @@ TEST(BarTypes, SchemaDrawsTheBarsInThePlaneAndLabelsThirty) {
 
     f.s.baseBarCount = kTooManyBaseBars;
     test::RecordingCanvas cleared;
-    EXPECT_FALSE(DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), cleared, true).label7Enabled);
+    EXPECT_FALSE(DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), cleared, true).showsBaseNode);
     EXPECT_EQ(cleared.Sequence(), "CR");
 }
 

@@ -23,6 +23,15 @@ TEST(InternalOptions, LinesOfTheFormValueBarPcKBarSetOptionK) {
     EXPECT_EQ(later(2), 25); // not a number: unchanged
 }
 
+TEST(InternalOptions, PickBoxSizeIsTheTypedNumberRoundedDownThenPositive) {
+    EXPECT_EQ(PickBoxSizeOf("12.7"), 12);
+    EXPECT_EQ(PickBoxSizeOf("-12.7"), 13);
+    EXPECT_EQ(PickBoxSizeOf("7px"), 7);
+    EXPECT_EQ(PickBoxSizeOf(""), 0);
+    EXPECT_EQ(PickBoxSizeOf("x"), 0);
+    EXPECT_EQ(PickBoxSizeOf("1e999"), 0) << "too large to be a size";
+}
+
 TEST(DisplayOptions, MissingFileGivesDefaultsShortFileLeavesOptionsUnset) {
     test::TempDir dir;
     DisplayOptions o;

@@ -1,5 +1,5 @@
-// The command table: menu items and icon-bar keys to commands, and the handlers of the window's
-// events. One table serves the menus, the icon bar, the shortcuts and the script runner.
+// Running the commands of menu items and icon-bar keys, and the handlers of the window's events.
+// The form's table serves the menus, the icon bar, the shortcuts and the script runner.
 #pragma once
 
 #include "app/program.h"
@@ -10,20 +10,9 @@
 
 namespace vorna {
 
-using CommandHandler = void (*)(Program &);
-
-struct Command {
-    const char *menuItem;     // item name in FormVorna, e.g. "Ottimizza"
-    Control FormVorna::*item; // the menu item
-    const char *buttonKey;    // icon-bar key running the same command, or nullptr
-    const char *shortcut;     // e.g. "Ctrl+O", or nullptr
-    CommandHandler run;
-    Control FormVorna::*submenu = nullptr; // Colore or TipoPunto: disabled with its submenu
-};
-
-const std::vector<Command> &CommandTable();
-
+// The menu items and icon-bar buttons come from the form's table (FormVornaRows).
 bool IsMenuItem(std::string_view name);
+bool IsToolbarButton(std::string_view key);
 // Runs the command of a menu item by name, when it exists and is enabled. False otherwise.
 bool RunMenuItem(Program &program, std::string_view menuItem);
 // Runs the command of an icon-bar key, when the button is enabled; unknown keys do nothing.

@@ -30,7 +30,7 @@ void HideTypeLabels(FormVorna &f) {
 // The schema's labels go where their bars end: Picture1's drawing units to form twips.
 void ShowSchemaLabels(Program &p, const BaseNodeSchema &schema) {
     FormVorna &f = p.form;
-    f.Label7.enabled = schema.label7Enabled;
+    f.Label7.enabled = schema.showsBaseNode;
     const ScaleRect scale = p.picture1.Scale();
     const Control &picture = f.Picture1;
     for (int k = 1; k <= kTypeLabels; ++k) {

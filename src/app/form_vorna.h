@@ -4,12 +4,15 @@
 
 #include "platform/control.h"
 
-#include <array>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace vorna {
+
+struct Program;
+using CommandHandler = void (*)(Program &);
 
 // System colours the answer line switches between.
 constexpr Rgb kWindowColour = 0xFFFFFF;     // &H80000005
@@ -21,63 +24,31 @@ struct FormVorna {
     double screenWidth = 28800;
     bool minimised = false;
 
-    // Drawing surfaces and their overlays. The overlays are in Disegno's drawing units; the
-    // line LineSposta keeps its start in left/top and its end in width/height.
-    Control Disegno, LineSposta, Shape, Picture1;
-    // Status and answer line.
-    std::array<Control, 2> Frame2;
-    Control FunAttiva, SottoFunAttiva, FrameInput, Domanda, Risposta, Label5, StringaSel, Line2;
-    Control FrameCoord, Label6, LabCoord;
-    // View angles.
-    std::array<Control, 3> Angolo, Label1, Label2;
-    // Analogy parameters.
-    Control FrameSel;
-    std::array<Control, 4> OpzMetodo;
-    Control analLun, AnalSezAste, AnalColAste, analLinAste;
-    // View filters.
-    Control FrameAtt, NodiAtt, AsteAtt, GusciAtt, ElSelez, ElNonSelez;
-    std::array<Control, 4> Label3; // "Intervalli di coordinate" and the axis names
-    std::array<Control, 2> IntX, IntY, IntZ;
-    Control TuttoX, TuttoY, TuttoZ;
-    std::array<Control, 3> Label4; // "-" between the interval boxes
-    // Base-node schema.
-    Control Label7;
-    std::array<Control, 31> LabelTipo; // 1..30
-
-    // Menus and their items.
-    Control File, Salva, SalvaGeom, SalvaSoll, ScriColl, SalvaDisegno, Esci;
-    Control Visualizza, Ottimizza, ZoomIn, Sposta, Ridis;
-    Control Operazioni, NodoBase, RimNodoBase, AsteNodoBase, Aggiungi, Rimuovi, RimTutto, Inverti,
-        EvidTipo, TipiNodo, Interrompi;
-    Control Selezioni, Finestra, Colore, Bianco, Blu, Rosso, Verde, Giallo, VerdeScuro, Magenta,
-        Azzurro, Ara, TuttiCol, TipoPunto, TipoPt1, TipoPt2, TipoPt3, TipoPt4, TuttiPt, SchVincolo,
-        Nome, Tutto;
-    Control Opzioni, VisCoord, VisAssi, BarraLat, BarraIcone, Trappola, Rappresentazione;
-
-    // Icon bar: the bar itself and its buttons by key.
-    Control Toolbar1;
-    Control btnImportaTutto, btnImportaGeom, btnImportaSoll, btnEsci, btnOttimizza, btnZoom,
-        btnSposta, btnRidisegna, btnAggiungi, btnRimuovi, btnRimuoviTutto, btnInvertiSel,
-        btnInterrompi, btnAggiungiBarraLat;
+    // Every control, menu and item by its name; the icon-bar buttons by their keys (btnZoom).
+#define VORNA_CONTROL VORNA_CONTROL_FIELD
+#define VORNA_ARRAY VORNA_ARRAY_FIELD
+#define VORNA_MENU VORNA_CONTROL_FIELD
+#define VORNA_SUBMENU VORNA_CONTROL_FIELD
+#define VORNA_MENU_ITEM VORNA_CONTROL_FIELD
+#define VORNA_BUTTON(key, ...) Control btn##key;
+#include "app/form_vorna_controls.h"
 };
+
+// The table of the form: its controls in dump order, the menus, and the commands of the menu
+// items and icon-bar buttons with their shortcuts.
+using FormRow = ControlRow<FormVorna, CommandHandler>;
+std::span<const FormRow> FormVornaRows();
 
 // Sets a control's left, top, width and height.
 void Place(Control &c, double left, double top, double width, double height);
 
-// The form as it is created, before start-up runs: captions, checks and enabling.
+// The form as it is created, before start-up runs: captions, checks, enabling and places.
 FormVorna InitialForm();
 
-// Every control, menu item and button in a fixed order, with its name as the program knows it
-// ("Angolo(1)", "LabelTipo(3)", "Toolbar1.Interrompi").
+// Every control, menu item and button in the table's order, with its name as the program knows
+// it ("Angolo(1)", "LabelTipo(3)", "Toolbar1.Interrompi").
 void ForEachControl(FormVorna &form, const std::function<void(std::string_view, Control &)> &fn);
 // The control of that name, or nothing.
 Control *FindControl(FormVorna &form, std::string_view name);
-
-// The icon-bar buttons in bar order with their keys.
-struct ToolbarButton {
-    const char *key;
-    Control FormVorna::*button;
-};
-const std::array<ToolbarButton, 14> &ToolbarButtons();
 
 } // namespace vorna

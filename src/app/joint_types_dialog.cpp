@@ -26,31 +26,34 @@ std::string MembersText(const StructureModel &m, const JointType &type) {
     return RangeText(names);
 }
 
+std::span<const ControlRow<FormTipiNodo>> FormTipiNodoRows() {
+    using Form = FormTipiNodo;
+    static constexpr ControlRow<Form> rows[] = {
+#define VORNA_CONTROL VORNA_CONTROL_ROW
+#include "app/joint_types_controls.h"
+    };
+    return rows;
+}
+
 } // namespace
 
 JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogue)
     : p_(program), catalogue_(std::move(catalogue)) {
-    Label1.caption = "Nodi\tAste\tNodo\tNodi del tipo";
+    StartControls(FormTipiNodoRows(), form_);
     for (const JointType &t : catalogue_.types)
-        ListaTipi.items.push_back(
+        form_.ListaTipi.items.push_back(
             IntText(static_cast<long long>(t.nodes.size())) + '\t' + IntText(t.barCount) + '\t' +
             IntText(NameOf(p_.model, t.nodes.front())) + '\t' + MembersText(p_.model, t));
-    ListaTipi.text = catalogue_.types.empty() ? "" : "1";
-    Label2.caption = "Schema del nodo";
-    Usa.caption = "Usa";
-    Usa.enabled = !catalogue_.types.empty();
+    form_.ListaTipi.text = catalogue_.types.empty() ? "" : "1";
+    form_.Usa.enabled = !catalogue_.types.empty();
 }
 
 void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
-    fn("Label1", Label1);
-    fn("ListaTipi", ListaTipi);
-    fn("Label2", Label2);
-    fn("Schema", Schema);
-    fn("Usa", Usa);
+    ForEachControlOfRows(FormTipiNodoRows(), form_, fn);
 }
 
 int JointTypesDialog::Selected() const {
-    auto row = StrictNumber(ListaTipi.text);
+    auto row = StrictNumber(form_.ListaTipi.text);
     const auto rows = static_cast<double>(catalogue_.types.size());
     return row && *row >= 1 && *row <= rows && std::floor(*row) == *row ? static_cast<int>(*row) - 1
                                                                         : -1;

@@ -8,6 +8,11 @@
 
 namespace vorna {
 
+struct FormTipiNodo {
+#define VORNA_CONTROL VORNA_CONTROL_FIELD
+#include "app/joint_types_controls.h"
+};
+
 class JointTypesDialog : public Dialog {
 public:
     JointTypesDialog(Program &program, JointTypeCatalogue catalogue);
@@ -28,7 +33,7 @@ private:
 
     Program &p_;
     JointTypeCatalogue catalogue_;
-    Control Label1, ListaTipi, Label2, Schema, Usa;
+    FormTipiNodo form_;
 };
 
 // The command "Tipi di nodo...".

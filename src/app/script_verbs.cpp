@@ -130,11 +130,12 @@ bool SetText(std::ostream &out, Control *c, const ScriptArgs &a) {
 }
 
 bool Option(Session &s, const ScriptArgs &a) {
-    auto k = IndexOf(a.text[0], "OpzMetodo", 0, 3);
+    auto &options = s.p.form.OpzMetodo;
+    auto k = IndexOf(a.text[0], "OpzMetodo", 0, static_cast<int>(options.size()) - 1);
     if (!k)
         return false;
-    for (int i = 0; i < 4; ++i)
-        s.p.form.OpzMetodo[i].checked = i == *k;
+    for (std::size_t i = 0; i < options.size(); ++i)
+        options[i].checked = i == static_cast<std::size_t>(*k);
     return true;
 }
 
@@ -210,14 +211,11 @@ bool Resize(Session &s, const ScriptArgs &a) {
 }
 
 bool Button(Session &s, const ScriptArgs &a) {
-    for (const ToolbarButton &b : ToolbarButtons()) {
-        if (a.text[0] != b.key)
-            continue;
-        if (!RunToolbarButton(s.p, b.key))
-            s.out << "ignored|button " << Cp1252ToUtf8(a.text[0]) << '\n';
-        return true;
-    }
-    return false;
+    if (!IsToolbarButton(a.text[0]))
+        return false;
+    if (!RunToolbarButton(s.p, a.text[0]))
+        s.out << "ignored|button " << Cp1252ToUtf8(a.text[0]) << '\n';
+    return true;
 }
 
 // ---- an open dialog
@@ -411,7 +409,7 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          "a click on the bar-type label `LabelTipo(K)` of the base-node schema, K = 1..30",
          {ArgRule{ArgKind::Integer}},
          [](Session &s, const ScriptArgs &a) {
-             if (a.Int(0) < 1 || a.Int(0) > 30)
+             if (a.Int(0) < 1 || a.Int(0) >= static_cast<int>(s.p.form.LabelTipo.size()))
                  return false;
              LabelTipo_Click(s.p, a.Int(0));
              return true;

@@ -117,7 +117,7 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         canvas.Refresh();
         return schema;
     }
-    schema.label7Enabled = true;
+    schema.showsBaseNode = true;
     const int count = state.baseBarCount;
     std::vector<Vec3> directions;
     directions.reserve(count);

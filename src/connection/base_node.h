@@ -41,7 +41,7 @@ struct TypeLabel {
 };
 
 struct BaseNodeSchema {
-    bool label7Enabled = false;
+    bool showsBaseNode = false; // a usable base node was drawn: the schema's title is then enabled
     std::array<TypeLabel, kTypeLabels + 1> labels; // 1..30; every label hidden unless drawn
 };
 

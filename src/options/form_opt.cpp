@@ -12,36 +12,33 @@ namespace {
 constexpr Rgb kUnchosenFrame = PackRgb(255, 0, 0); // red
 constexpr Rgb kChosenFrame = PackRgb(0, 255, 255); // cyan
 
-Control Labelled(std::string caption) {
-    Control c;
-    c.caption = std::move(caption);
-    return c;
+std::span<const ControlRow<FormOpt>> FormOptRows() {
+    using Form = FormOpt;
+    static constexpr ControlRow<Form> rows[] = {
+#define VORNA_CONTROL VORNA_CONTROL_ROW
+#define VORNA_ARRAY VORNA_ARRAY_ROW
+#define VORNA_ELEMENT VORNA_ELEMENT_ROW
+#include "options/form_opt_controls.h"
+    };
+    return rows;
 }
 
-Control Box(const OptionValue &value) {
-    Control c;
-    c.text = value.Text();
-    return c;
+std::span<const ControlRow<FormOptInt>> FormOptIntRows() {
+    using Form = FormOptInt;
+    static constexpr ControlRow<Form> rows[] = {
+#define VORNA_CONTROL VORNA_CONTROL_ROW
+#include "options/form_opt_int_controls.h"
+    };
+    return rows;
 }
 
-Control Swatch(double colour) {
-    Control c;
-    c.backColour = static_cast<Rgb>(std::clamp(RoundHalfEven(colour), 0.0, 16777215.0));
-    return c;
-}
-
-Control Check(std::string caption, bool checked) {
-    Control c = Labelled(std::move(caption));
-    c.checked = checked;
-    return c;
+Rgb SwatchColour(double colour) {
+    return static_cast<Rgb>(std::clamp(RoundHalfEven(colour), 0.0, 16777215.0));
 }
 
 // A width shown as the option, or as its fallback when the option is 0 or less.
-Control WidthBox(const DisplayOptions &options, int number, const char *fallback) {
-    Control c = Box(options.values[number]);
-    if (options(number) <= 0)
-        c.text = fallback;
-    return c;
+std::string WidthText(const DisplayOptions &options, int number, const char *fallback) {
+    return options(number) <= 0 ? fallback : options.values[number].Text();
 }
 
 double Value(const Control &box) {
@@ -56,50 +53,29 @@ void Set(DisplayOptions &options, int number, double value) {
 
 FormOpt LoadFormOpt(const DisplayOptions &o) {
     FormOpt f;
-    f.CheckSpGus = Check("Non visualizzare i gusci con \"spessore di piastra\" sottile",
-                         o(opt::kHideThinShells) == 1);
-    f.Label1 = Labelled("Spessore minimo [cm]:");
-    f.SpMinGus = Box(o.values[opt::kMinShellThickness]);
-    f.Label3 = Labelled("Spessore degli elementi non selezionati [pixel]:");
-    f.SpNonSel = WidthBox(o, opt::kWidthNormal, "1");
-    f.Label2 = Labelled("Spessore degli elementi selezionati [pixel]:");
-    f.SpSel = WidthBox(o, opt::kWidthSelected, "4");
-    const bool analogous = o(opt::kColourAnalogous) == 1;
-    f.EvColSel = Check("Cambia colore ai nodi analoghi", analogous);
-    f.EvColNonSel = Check("Cambia colore ai nodi non analoghi", !analogous);
-    f.Label5 = Labelled("Raggio di rappresentazione del nodo [pixel]:");
-    f.Raggio = Box(o.values[opt::kNodeRadius]);
-    f.Frame3 = Labelled("Numerazione");
-    f.CheckTxtNodi = Check("Nodi", o(opt::kNodeLabels) == 1);
-    f.CheckTxtAste = Check("Aste", o(opt::kBarLabels) == 1);
-    f.Label6 = Labelled("Base testo [unit\xE0 disegno]:");
-    f.BaseTxt = Box(o.values[opt::kTextWidth]);
-    f.Label7 = Labelled("Altezza testo [unit\xE0 disegno]:");
-    f.AltezzaTxt = Box(o.values[opt::kTextHeight]);
-    f.Label4 = Labelled("Distanza tra testo ed elemento [unit\xE0 disegno]:");
-    f.DistTxt = Box(o.values[opt::kTextDistance]);
-    f.Label8 = Labelled("Colore testo:");
+    StartControls(FormOptRows(), f);
+    f.CheckSpGus.checked = o(opt::kHideThinShells) == 1;
+    f.SpMinGus.text = o.values[opt::kMinShellThickness].Text();
+    f.SpNonSel.text = WidthText(o, opt::kWidthNormal, "1");
+    f.SpSel.text = WidthText(o, opt::kWidthSelected, "4");
+    f.EvColSel.checked = o(opt::kColourAnalogous) == 1;
+    f.EvColNonSel.checked = !f.EvColSel.checked;
+    f.Raggio.text = o.values[opt::kNodeRadius].Text();
+    f.CheckTxtNodi.checked = o(opt::kNodeLabels) == 1;
+    f.CheckTxtAste.checked = o(opt::kBarLabels) == 1;
+    f.BaseTxt.text = o.values[opt::kTextWidth].Text();
+    f.AltezzaTxt.text = o.values[opt::kTextHeight].Text();
+    f.DistTxt.text = o.values[opt::kTextDistance].Text();
     for (int i = 1; i <= kTextSwatches; ++i)
         f.LabelCol[i].backColour = ColourOfCode(i);
-    f.TxtNodi = {Check("Nome (N)", o(opt::kNodeLabelName) == 1),
-                 Check("Vincolo (V)", o(opt::kNodeLabelConstraint) == 1)};
-    f.TxtAste = {Check("Nome (A)", o(opt::kBarLabelName) == 1),
-                 Check("Tipo di profilato", o(opt::kBarLabelSection) == 1),
-                 Check("Sezione (S)", o(opt::kBarLabelSectionCard) == 1),
-                 Check("Orientamento (O)", o(opt::kBarLabelOrientation) == 1),
-                 Check("Svincolo (C)", o(opt::kBarLabelRelease) == 1)};
-    f.Label10 = Labelled("Colore del nodo base");
-    f.ColoreNodoBase = Swatch(o(opt::kBaseNodeColour));
-    f.Label11 = Labelled("Colore delle aste del nodo base");
-    f.ColoreAsteBase = Swatch(o(opt::kBaseBarColour));
-    f.Label12 = Labelled("Colore delle aste del nodo analogo");
-    f.ColoreAsteConfl = Swatch(o(opt::kAnalogousBarColour));
-    f.Label9 = Labelled("Colore dei nodi analoghi /  non analoghi");
-    f.ColoreSel = Swatch(o(opt::kHighlightColour));
-    for (Control *modifica : {&f.Command1, &f.Command2, &f.Command3, &f.Command4})
-        modifica->caption = "Modifica";
-    f.Salva = Labelled("Salva");
-    f.Chiudi = Labelled("Chiudi");
+    for (std::size_t k = 0; k < f.TxtNodi.size(); ++k)
+        f.TxtNodi[k].checked = o(opt::kNodeLabelName + static_cast<int>(k)) == 1;
+    for (std::size_t k = 0; k < f.TxtAste.size(); ++k)
+        f.TxtAste[k].checked = o(opt::kBarLabelName + static_cast<int>(k)) == 1;
+    f.ColoreNodoBase.backColour = SwatchColour(o(opt::kBaseNodeColour));
+    f.ColoreAsteBase.backColour = SwatchColour(o(opt::kBaseBarColour));
+    f.ColoreAsteConfl.backColour = SwatchColour(o(opt::kAnalogousBarColour));
+    f.ColoreSel.backColour = SwatchColour(o(opt::kHighlightColour));
     const double swatch = RoundHalfEven(o(opt::kTextColour));
     EvidColAtt(f, std::isfinite(swatch) ? static_cast<int>(std::clamp(swatch, -1e6, 1e6)) : 0);
     ControllaNumerazioneAtt(f);
@@ -163,47 +139,7 @@ void AggiornaOpzioni(const FormOpt &f, DisplayOptions &o) {
 }
 
 void FormOptDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
-#define VORNA_ONE(name) fn(#name, form.name)
-    VORNA_ONE(CheckSpGus);
-    VORNA_ONE(Label1);
-    VORNA_ONE(SpMinGus);
-    VORNA_ONE(Label3);
-    VORNA_ONE(SpNonSel);
-    VORNA_ONE(Label2);
-    VORNA_ONE(SpSel);
-    VORNA_ONE(EvColSel);
-    VORNA_ONE(EvColNonSel);
-    VORNA_ONE(Label5);
-    VORNA_ONE(Raggio);
-    VORNA_ONE(Frame3);
-    VORNA_ONE(CheckTxtNodi);
-    VORNA_ONE(CheckTxtAste);
-    ForEachOfArray("TxtNodi", form.TxtNodi, 0, fn);
-    ForEachOfArray("TxtAste", form.TxtAste, 0, fn);
-    VORNA_ONE(Label6);
-    VORNA_ONE(BaseTxt);
-    VORNA_ONE(Label7);
-    VORNA_ONE(AltezzaTxt);
-    VORNA_ONE(Label4);
-    VORNA_ONE(DistTxt);
-    VORNA_ONE(Label8);
-    ForEachOfArray("LabelCol", form.LabelCol, 1, fn);
-    ForEachOfArray("LabelBordCol", form.LabelBordCol, 1, fn);
-    VORNA_ONE(Label10);
-    VORNA_ONE(ColoreNodoBase);
-    VORNA_ONE(Command1);
-    VORNA_ONE(Label11);
-    VORNA_ONE(ColoreAsteBase);
-    VORNA_ONE(Command2);
-    VORNA_ONE(Label12);
-    VORNA_ONE(ColoreAsteConfl);
-    VORNA_ONE(Command3);
-    VORNA_ONE(Label9);
-    VORNA_ONE(ColoreSel);
-    VORNA_ONE(Command4);
-    VORNA_ONE(Salva);
-    VORNA_ONE(Chiudi);
-#undef VORNA_ONE
+    ForEachControlOfRows(FormOptRows(), form, fn);
 }
 
 void FormOptDialog::Click(std::string_view control) {
@@ -242,33 +178,29 @@ void FormOptDialog::MouseUp(std::string_view control) {
         ControllaNumerazioneAtt(form);
 }
 
-double AggiornaOpzioniInterne_(std::string_view textTrappola) {
+double PickBoxSizeOf(std::string_view typed) {
     // Rounded down, then made positive: -12.7 gives 13, 12.7 gives 12. An empty or unreadable
     // text gives 0, which switches direct selection off.
-    const double size = std::fabs(std::floor(LeadingNumber(textTrappola)));
+    const double size = std::fabs(std::floor(LeadingNumber(typed)));
     return std::isfinite(size) ? size : 0;
 }
 
 FormOptIntDialog::FormOptIntDialog(InternalOptions &options, const MessageCatalogue &messages,
                                    Ui &ui)
     : options_(options), messages_(messages), ui_(ui) {
-    Label1.caption = "Dimensione della trappola:";
-    TextTrappola.text = NumberText(options(opt::kPickBoxSize));
-    Command1.caption = "Chiudi";
+    StartControls(FormOptIntRows(), form);
+    form.TextTrappola.text = NumberText(options(opt::kPickBoxSize));
 }
 
 void FormOptIntDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
-    fn("Frame1", Frame1);
-    fn("Label1", Label1);
-    fn("TextTrappola", TextTrappola);
-    fn("Command1", Command1);
+    ForEachControlOfRows(FormOptIntRows(), form, fn);
 }
 
 void FormOptIntDialog::Click(std::string_view control) {
     if (control != "Command1")
         return;
     double &size = options_.values[opt::kPickBoxSize];
-    size = AggiornaOpzioniInterne_(TextTrappola.text);
+    size = PickBoxSizeOf(form.TextTrappola.text);
     if (size == 0) // kept all the same: direct selection then picks nothing
         ui_.MessageBox(messages_[18], "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
     taken = true;

@@ -17,19 +17,15 @@ namespace vorna {
 constexpr int kTextSwatches = 9;
 
 struct FormOpt {
-    Control CheckSpGus, Label1, SpMinGus, Label3, SpNonSel, Label2, SpSel;
-    Control EvColSel, EvColNonSel, Label5, Raggio;
-    // Numbering: which labels, their size, distance and colour.
-    Control Frame3, CheckTxtNodi, CheckTxtAste, Label6, BaseTxt, Label7, AltezzaTxt, Label4,
-        DistTxt, Label8;
-    std::array<Control, kTextSwatches + 1> LabelCol, LabelBordCol; // 1..9
-    std::array<Control, 2> TxtNodi;
-    std::array<Control, 5> TxtAste;
-    // The four highlight colours, each with its "Modifica" button Command1..Command4.
-    Control Label10, ColoreNodoBase, Command1, Label11, ColoreAsteBase, Command2, Label12,
-        ColoreAsteConfl, Command3, Label9, ColoreSel, Command4;
-    Control Salva, Chiudi;
+#define VORNA_CONTROL VORNA_CONTROL_FIELD
+#define VORNA_ARRAY VORNA_ARRAY_FIELD
+#include "options/form_opt_controls.h"
     int chosenSwatch = 0; // the text colour swatch, remembered while the dialog is open
+};
+
+struct FormOptInt {
+#define VORNA_CONTROL VORNA_CONTROL_FIELD
+#include "options/form_opt_int_controls.h"
 };
 
 // The dialog as it opens on the display options: controls filled, the text colour swatch of
@@ -68,9 +64,9 @@ private:
     Ui &ui_;
 };
 
-// The pick-box size typed in TextTrappola: rounded down, then made positive; 0 when empty or
+// The pick-box size from the text typed for it: rounded down, then made positive; 0 when empty or
 // unreadable.
-double AggiornaOpzioniInterne_(std::string_view textTrappola);
+double PickBoxSizeOf(std::string_view typed);
 
 // FormOptInt open on the current pick-box size: "Chiudi" (Command1) sets the size, warning when
 // it is 0; Esc closes without a change.
@@ -83,7 +79,7 @@ public:
     void ForEachControl(const std::function<void(std::string_view, Control &)> &fn) override;
     void Click(std::string_view control) override;
 
-    Control Frame1, Label1, TextTrappola, Command1;
+    FormOptInt form;
     bool taken = false; // closed with "Chiudi"
 
 private:

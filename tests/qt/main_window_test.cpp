@@ -64,14 +64,31 @@ struct WindowTest : testing::Test {
 TEST_F(WindowTest, EveryControlAndMenuItemIsBoundToTheForm) {
     for (const Binding &b : window.Bindings())
         EXPECT_NE(b.control, nullptr) << b.name;
-    for (const Command &c : CommandTable()) {
-        QAction *a = Action(ToQString((program->form.*c.item).caption));
-        if (a && c.shortcut) {
-            EXPECT_EQ(a->shortcut(), QKeySequence(c.shortcut)) << c.menuItem;
+    for (const FormRow &row : FormVornaRows()) {
+        if (row.kind == RowKind::MenuItem) {
+            QAction *a = Action(ToQString(row.controls(program->form)[0].caption));
+            if (a) {
+                EXPECT_EQ(a->shortcut(), QKeySequence(row.shortcut)) << row.name;
+            }
+        } else if (row.kind == RowKind::Button) {
+            Action(ToQString(row.controls(program->form)[0].tooltip));
         }
     }
-    for (const ToolbarButton &b : ToolbarButtons())
-        Action(ToQString((program->form.*b.button).tooltip));
+}
+
+TEST_F(WindowTest, MenuTreeAndIconBarGroupsFollowTheTable) {
+    QStringList selezioni;
+    for (QAction *a : Action("&Selezioni")->menu()->actions())
+        selezioni << a->text();
+    EXPECT_EQ(selezioni, QStringList({"&Finestra", "&Colore", "Tipo &punto", "Vincolo",
+                                      "N&ome elemento", "T&utto"}));
+    EXPECT_EQ(Action("&Colore")->menu()->actions().size(), 10);
+    QString bar;
+    for (QAction *a : window.findChild<QToolBar *>()->actions()) {
+        bar += a->isSeparator() ? "|" : "b";
+        EXPECT_TRUE(a->isSeparator() || !a->icon().isNull()) << a->toolTip().toStdString();
+    }
+    EXPECT_EQ(bar, "bbbb|bbbb|bbbbb|b");
 }
 
 TEST_F(WindowTest, MenusFollowCaptionsChecksAndEnabling) {

@@ -53,8 +53,7 @@ private:
     };
 
     void BuildMenus();
-    QMenu *AddMenu(QMenu *parent, const char *name);
-    void AddItems(QMenu *menu, std::initializer_list<const char *> items);
+    void AddMenuItem(QMenu *menu, const FormRow &row);
     void BuildToolbar(QWidget *client);
     void BuildControls(QWidget *client);
     void BuildSideBar(QWidget *client);

@@ -1,4 +1,4 @@
-// Building the main window: menus from the command table, the icon bar, and every control of
+// Building the main window: menus and the icon bar from the form's table, and every control of
 // the form as a widget bound to it by name.
 #include "app/commands.h"
 #include "ui/qt/main_window.h"
@@ -15,16 +15,11 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <map>
+
 namespace vorna::qt {
 
 namespace {
-
-const Command *FindMenuCommand(std::string_view name) {
-    for (const Command &c : CommandTable())
-        if (name == c.menuItem)
-            return &c;
-    return nullptr;
-}
 
 QLabel *Label(QWidget *parent) {
     auto *label = new QLabel(parent);
@@ -38,44 +33,33 @@ QWidget *MainWindow::Bind(const std::string &name, QWidget *widget, BindingStyle
     return AddBinding(bindings_, name, widget, style);
 }
 
-QMenu *MainWindow::AddMenu(QMenu *parent, const char *name) {
-    auto *menu = parent ? parent->addMenu(name) : menuBar()->addMenu(name);
-    actions_.push_back({name, menu->menuAction(), nullptr});
-    return menu;
-}
-
-void MainWindow::AddItems(QMenu *menu, std::initializer_list<const char *> items) {
-    for (const char *item : items) {
-        const Command *command = FindMenuCommand(item);
-        QAction *action = menu->addAction(item);
-        if (command && command->shortcut) {
-            action->setShortcut(QKeySequence(command->shortcut));
-            shortcuts_.push_back(action->shortcut());
-        }
-        std::string itemName = item;
-        connect(action, &QAction::triggered, this,
-                [this, itemName] { Run([&](Program &p) { RunMenuItem(p, itemName); }); });
-        actions_.push_back({item, action, nullptr});
+void MainWindow::AddMenuItem(QMenu *menu, const FormRow &row) {
+    QAction *action = menu->addAction(row.name);
+    if (*row.shortcut != '\0') {
+        action->setShortcut(QKeySequence(row.shortcut));
+        shortcuts_.push_back(action->shortcut());
     }
+    std::string itemName = row.name;
+    connect(action, &QAction::triggered, this,
+            [this, itemName] { Run([&](Program &p) { RunMenuItem(p, itemName); }); });
+    actions_.push_back({row.name, action, nullptr});
 }
 
+// The menu tree in the table's order: each menu under its parent, each item under its menu.
 void MainWindow::BuildMenus() {
-    AddItems(AddMenu(nullptr, "File"),
-             {"Salva", "SalvaGeom", "SalvaSoll", "ScriColl", "SalvaDisegno", "Esci"});
-    visualizza_ = AddMenu(nullptr, "Visualizza");
-    AddItems(visualizza_, {"Ottimizza", "ZoomIn", "Sposta", "Ridis"});
-    AddItems(AddMenu(nullptr, "Operazioni"),
-             {"NodoBase", "RimNodoBase", "AsteNodoBase", "Aggiungi", "Rimuovi", "RimTutto",
-              "Inverti", "EvidTipo", "TipiNodo", "Interrompi"});
-    QMenu *selezioni = AddMenu(nullptr, "Selezioni");
-    AddItems(selezioni, {"Finestra"});
-    AddItems(AddMenu(selezioni, "Colore"), {"Bianco", "Blu", "Rosso", "Verde", "Giallo",
-                                            "VerdeScuro", "Magenta", "Azzurro", "Ara", "TuttiCol"});
-    AddItems(AddMenu(selezioni, "TipoPunto"),
-             {"TipoPt1", "TipoPt2", "TipoPt3", "TipoPt4", "TuttiPt"});
-    AddItems(selezioni, {"SchVincolo", "Nome", "Tutto"});
-    AddItems(AddMenu(nullptr, "Opzioni"),
-             {"VisCoord", "VisAssi", "BarraLat", "BarraIcone", "Trappola", "Rappresentazione"});
+    std::map<std::string_view, QMenu *> menus;
+    for (const FormRow &row : FormVornaRows()) {
+        if (row.kind == RowKind::Menu) {
+            auto parent = menus.find(row.parent);
+            QMenu *menu = parent != menus.end() ? parent->second->addMenu(row.name)
+                                                : menuBar()->addMenu(row.name);
+            actions_.push_back({row.name, menu->menuAction(), nullptr});
+            menus[row.name] = menu;
+        } else if (row.kind == RowKind::MenuItem) {
+            AddMenuItem(menus.at(row.parent), row);
+        }
+    }
+    visualizza_ = menus.at("Visualizza");
 }
 
 void MainWindow::BuildToolbar(QWidget *client) {
@@ -83,16 +67,17 @@ void MainWindow::BuildToolbar(QWidget *client) {
     toolbar_->setIconSize(QSize(20, 20));
     toolbar_->setMovable(false);
     toolbar_->setFloatable(false);
-    for (const ToolbarButton &b : ToolbarButtons()) {
-        std::string key = b.key;
-        QAction *action =
-            toolbar_->addAction(QIcon(QString(":/icons/%1.svg").arg(b.key)), QString(b.key));
-        connect(action, &QAction::triggered, this,
-                [this, key] { Run([&](Program &p) { RunToolbarButton(p, key); }); });
-        actions_.push_back({"Toolbar1." + key, action, nullptr});
-        // The bar's groups: files and exit, view, selection, side bar.
-        if (key == "Esci" || key == "Ridisegna" || key == "Interrompi")
+    for (const FormRow &row : FormVornaRows()) {
+        if (row.kind == RowKind::Gap) {
             toolbar_->addSeparator();
+        } else if (row.kind == RowKind::Button) {
+            std::string key = row.name;
+            QAction *action =
+                toolbar_->addAction(QIcon(QString(":/icons/%1.svg").arg(row.name)), row.name);
+            connect(action, &QAction::triggered, this,
+                    [this, key] { Run([&](Program &p) { RunToolbarButton(p, key); }); });
+            actions_.push_back({std::string(row.parent) + "." + key, action, nullptr});
+        }
     }
     Bind("Toolbar1", toolbar_, BindingStyle::Placed);
 }

@@ -1,0 +1,15 @@
+// FormTipiNodo's controls, one row each in the order of the dump (rows as in
+// form_vorna_controls.h).
+#ifndef VORNA_CONTROL
+#define VORNA_CONTROL(id, ...)
+#endif
+
+// clang-format off
+VORNA_CONTROL(Label1, .caption = "Nodi\tAste\tNodo\tNodi del tipo") // the list's column titles
+VORNA_CONTROL(ListaTipi)
+VORNA_CONTROL(Label2, .caption = "Schema del nodo")
+VORNA_CONTROL(Schema)
+VORNA_CONTROL(Usa, .caption = "Usa")
+// clang-format on
+
+#undef VORNA_CONTROL
