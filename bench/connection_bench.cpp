@@ -26,18 +26,16 @@ struct Search {
     std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
     ConnectionState state;
     SilentUi ui;
-    MessageCatalogue messages;
     bool ready = false;
 
     Search() {
-        FillMessageCatalogue(messages);
         if (LoadStructure(bench::LargeModelFolder().string(), *model, ui) != LoadResult::Loaded)
             return;
         ProjectStructure(*model, *view, 30, 30, 0);
         std::fill(view->nodeShown.begin(), view->nodeShown.end(), 1);
         for (int n = 0; n < model->nodeCount && !ready; ++n) {
             state.baseNode = static_cast<std::int16_t>(n);
-            ready = GatherBaseBars(*model, *view, state, ui, messages) && state.baseBarCount == 4;
+            ready = GatherBaseBars(*model, *view, state, ui) && state.baseBarCount == 4;
         }
     }
 };
@@ -61,7 +59,7 @@ void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
         ResetAnalogousToBaseNode(s.state);
         for (int n = 0; n < nodes; ++n)
             if (s.view->nodeShown[n])
-                TestAnalogy(*s.model, *s.view, s.state, params, n, s.ui, s.messages);
+                TestAnalogy(*s.model, *s.view, s.state, params, n, s.ui);
         BuildAnalogousListText(*s.model, s.state);
         benchmark::DoNotOptimize(s.state.analogousListText.data());
     }
@@ -183,7 +181,7 @@ void BM_ChooseBaseNodeAfterRotation(benchmark::State &bm) {
     }
     for (auto _ : bm) {
         s.state.barIndex.built = false;
-        GatherBaseBars(*s.model, *s.view, s.state, s.ui, s.messages);
+        GatherBaseBars(*s.model, *s.view, s.state, s.ui);
         benchmark::DoNotOptimize(s.state.baseBars.data());
     }
 }

@@ -6,11 +6,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static auto model = std::make_unique<vorna::StructureModel>();
-    vorna::MessageCatalogue messages;
-    vorna::FillMessageCatalogue(messages);
     vorna::SilentUi ui;
     std::string text(reinterpret_cast<const char *>(data), size);
-    vorna::ParseSectionCards(text, *model, messages, ui);
-    vorna::ParseThicknessCards(text, *model, messages, ui);
+    vorna::ParseSectionCards(text, *model, ui);
+    vorna::ParseThicknessCards(text, *model, ui);
     return 0;
 }

@@ -31,8 +31,6 @@ struct Frame {
     std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
     ConnectionState s;
     test::RecordingUi ui;
-    MessageCatalogue messages;
-    Frame() { FillMessageCatalogue(messages); }
 
     int Point(double x, double y, double z) {
         m->points[m->pointCount] = {x, y, z};
@@ -61,10 +59,10 @@ struct Frame {
     }
     void ChooseBase(int node) {
         s.baseNode = static_cast<std::int16_t>(node);
-        GatherBaseBars(*m, *view, s, ui, messages);
+        GatherBaseBars(*m, *view, s, ui);
     }
     int Test(int node, AnalogyParameters params = {}) {
-        return TestAnalogy(*m, *view, s, params, node, ui, messages);
+        return TestAnalogy(*m, *view, s, params, node, ui);
     }
     std::vector<int> Listed() const {
         std::vector<int> nodes;
@@ -675,8 +673,6 @@ JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
     JointTypeCatalogue catalogue;
     auto s = std::make_unique<ConnectionState>();
     test::RecordingUi ui;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     for (int n = 0; n < m.nodeCount; ++n) {
         const std::vector<int> bars = BarsAt(m, v, n);
         if (!IsLive(m.nodes[n]) || !v.nodeShown[n] || bars.empty())
@@ -690,8 +686,8 @@ JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
             if (BarsAt(m, v, t.nodes[0]).size() != bars.size())
                 continue;
             s->baseNode = static_cast<std::int16_t>(t.nodes[0]);
-            GatherBaseBars(m, v, *s, ui, messages);
-            if (s->baseBarCount > 0 && TestAnalogy(m, v, *s, params, n, ui, messages)) {
+            GatherBaseBars(m, v, *s, ui);
+            if (s->baseBarCount > 0 && TestAnalogy(m, v, *s, params, n, ui)) {
                 t.nodes.push_back(n);
                 joined = true;
                 break;
@@ -979,7 +975,6 @@ struct Window {
     int other = f.Joint(20, 0, 0, kBeamColumn, 12);
     Window() {
         std::swap(p->model, *f.m);
-        FillMessageCatalogue(p->messages);
         p->input = ThreeTypes("2");
         BuildFirstView(*p);
         NodoBase_Click(*p);
@@ -1003,8 +998,7 @@ TEST(ConnectionCommands, ChoosingTypingAndDroppingTheBaseNode) {
     LabelTipo_Click(p, 4); // hidden: nothing
     EXPECT_EQ(p.form.LabelTipo[4].caption, "");
 
-    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other, p.ui,
-                p.messages);
+    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other, p.ui);
     w.ui.answers.push_back(MsgAnswer::Cancel);
     RimNodoBase_Click(p);
     EXPECT_EQ(p.connection.analogousNodes.size(), 2u);

@@ -44,7 +44,6 @@ struct Connection {
     ConnectionState s;
     ConnectionInput input;
     test::RecordingUi ui;
-    MessageCatalogue messages;
 
     void Joint(double x, int name, int beam, int column) {
         const auto p = m->pointCount;
@@ -59,13 +58,12 @@ struct Connection {
                                       static_cast<std::int16_t>(k == 1 ? beam : column)};
     }
     Connection() {
-        FillMessageCatalogue(messages);
         Joint(0, 12, 7, 9);
         Joint(10, 40, 51, 53);
         ProjectStructure(*m, *view, 30, 30, 0);
         SetBaseNodeByName(*m, *view, s, 12);
-        GatherBaseBars(*m, *view, s, ui, messages);
-        TestAnalogy(*m, *view, s, {}, 1, ui, messages);
+        GatherBaseBars(*m, *view, s, ui);
+        TestAnalogy(*m, *view, s, {}, 1, ui);
         BuildAnalogousListText(*m, s);
         s.baseBarTypes = {1, 2};
         ClassifyAnalogousBars(*m, s, AnalogyMethod::Identical);
@@ -114,9 +112,7 @@ TEST(ResultFile, TypeListsAndWholeFile) {
 }
 
 InputResult Parse(const std::string &text, ConnectionInput &input, test::RecordingUi &ui) {
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
-    return ParseConnectionInput(text, input, ui, messages);
+    return ParseConnectionInput(text, input, ui);
 }
 
 TEST(ConnectionInput, FieldsCodesAndDescriptions) {
@@ -153,10 +149,7 @@ struct Job {
     test::RecordingUi ui;
     test::RecordingCanvas disegno, picture1;
     std::unique_ptr<Program> p = std::make_unique<Program>(ui, disegno, picture1);
-    Job() {
-        p->folders.jobFolder = dir.path().string();
-        FillMessageCatalogue(p->messages);
-    }
+    Job() { p->folders.jobFolder = dir.path().string(); }
 };
 
 TEST(FileCommands, InputAtStartUpAndTheWaysOut) {

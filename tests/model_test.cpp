@@ -101,39 +101,35 @@ TEST(LoadStructure, MissingFileIsNotRead) {
 
 TEST(Catalogues, SectionNamesLoseTheirPPrefixAndCountsAreLimited) {
     test::RecordingUi ui;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     StructureModel m;
     std::string numbers = ",0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
     auto card = [&](const std::string &name) { return "1,\"" + name + "\"" + numbers; };
-    EXPECT_TRUE(ParseSectionCards("2\r\n" + card("P_HEA200") + card("p_x"), m, messages, ui)
-                    .message.empty());
+    EXPECT_TRUE(ParseSectionCards("2\r\n" + card("P_HEA200") + card("p_x"), m, ui).message.empty());
     EXPECT_EQ(m.sectionNames[0], "HEA200");
     EXPECT_EQ(m.sectionNames[1], "p_x");
 
     std::string cards99 = "99\r\n";
     for (int i = 0; i < 99; ++i)
         cards99 += card("S" + std::to_string(i));
-    EXPECT_FALSE(ParseSectionCards(cards99, m, messages, ui).endProgram);
+    EXPECT_FALSE(ParseSectionCards(cards99, m, ui).endProgram);
     EXPECT_EQ(m.sectionNames[98], "S98");
-    EXPECT_TRUE(ParseSectionCards("100\r\n", m, messages, ui).endProgram);
+    EXPECT_TRUE(ParseSectionCards("100\r\n", m, ui).endProgram);
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].text, " Troppe schede di sezione ");
 
-    EXPECT_FALSE(
-        ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, messages, ui).endProgram);
+    EXPECT_FALSE(ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, ui).endProgram);
     EXPECT_EQ(m.thicknessCardCount, 2); // a truncated file: the rest counts as absent
     EXPECT_EQ(m.thicknessValues[0], 20);
     EXPECT_EQ(m.thicknessValues[1], 0.5); // blanks end numbers as commas do
-    EXPECT_TRUE(ParseThicknessCards("101\r\n", m, messages, ui).endProgram);
+    EXPECT_TRUE(ParseThicknessCards("101\r\n", m, ui).endProgram);
     EXPECT_EQ(ui.messages.back().text, " Troppe schede di spessore ");
     ui.messages.clear();
-    EXPECT_TRUE(ParseThicknessCards("0\r\n", m, messages, ui).message.empty());
-    EXPECT_TRUE(ParseSectionCards("", m, messages, ui).message.empty());
+    EXPECT_TRUE(ParseThicknessCards("0\r\n", m, ui).message.empty());
+    EXPECT_TRUE(ParseSectionCards("", m, ui).message.empty());
     EXPECT_TRUE(ui.messages.empty());
 
     test::TempDir dir;
-    EXPECT_EQ(ReadSectionCards(dir.path().string(), m, messages, ui).message,
+    EXPECT_EQ(ReadSectionCards(dir.path().string(), m, ui).message,
               " Impossibile leggere il file " + dir.path().string() + "\\sezioni_");
 }
 

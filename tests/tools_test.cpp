@@ -63,12 +63,10 @@ TEST(MakeDemoSuite, WritesASuiteTheReadersAccept) {
     EXPECT_EQ(std::count(options.begin(), options.end(), '\n'), 30);
 
     test::RecordingUi ui;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     StructureModel m;
     ASSERT_EQ(ParseStructure(test::ReadBytes(job / "STRUTTUR.STR"), m, ui), LoadResult::Loaded);
-    EXPECT_EQ(ParseSectionCards(test::ReadBytes(job / "sezioni_"), m, messages, ui).message, "");
-    EXPECT_EQ(ParseThicknessCards(test::ReadBytes(job / "spessori"), m, messages, ui).message, "");
+    EXPECT_EQ(ParseSectionCards(test::ReadBytes(job / "sezioni_"), m, ui).message, "");
+    EXPECT_EQ(ParseThicknessCards(test::ReadBytes(job / "spessori"), m, ui).message, "");
     EXPECT_TRUE(ui.messages.empty());
 
     EXPECT_EQ(m.pointCount, 50);

@@ -4,6 +4,7 @@
 
 #include "app/commands.h"
 #include "connection/base_node.h"
+#include "model/messages.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "selection/designate.h"
@@ -74,7 +75,7 @@ void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
     }
     ConnectionState head;
     head.baseNode = static_cast<std::int16_t>(catalogue_.types[row].nodes.front());
-    GatherBaseBars(p_.model, p_.view, head, p_.ui, p_.messages);
+    GatherBaseBars(p_.model, p_.view, head, p_.ui);
     std::fill(head.baseBarTypes.begin(), head.baseBarTypes.end(), std::int16_t{1});
     DrawBaseNodeSchema(p_.model, head, p_.input, canvas, false);
 }
@@ -101,7 +102,8 @@ void TipiNodo_Click(Program &p) {
     }
     // Nodes with more bars than a connection can have belong to no type: said once.
     if (!catalogue.overcrowded.empty())
-        p.ui.MessageBox(p.messages[25], "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
+        p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,
+                        MsgButtons::Ok);
     JointTypesDialog dialog(p, std::move(catalogue));
     p.ui.RunDialog(dialog);
     if (dialog.chosen < 0)

@@ -5,7 +5,6 @@
 #include "app/folders.h"
 #include "app/form_vorna.h"
 #include "connection/connection_state.h"
-#include "model/messages.h"
 #include "model/structure_model.h"
 #include "options/options.h"
 #include "platform/canvas.h"
@@ -31,7 +30,6 @@ struct Program {
     Folders folders;
     DisplayOptions displayOptions;
     InternalOptions internalOptions;
-    MessageCatalogue messages;
     StructureModel model;
     bool structureLoaded = false;
 

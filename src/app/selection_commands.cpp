@@ -1,6 +1,7 @@
 // Commands of the selection: functions, ways of selecting, the answer line and the pick.
 #include "app/commands.h"
 
+#include "model/messages.h"
 #include "platform/number_text.h"
 #include "selection/designate.h"
 #include "selection/pick.h"
@@ -17,7 +18,7 @@ constexpr int kEnterKey = 13;
 SelectionContext ContextOf(Program &p) {
     AnalogyParameters params = AnalogyParametersOf(p.form);
     return {p.model, p.view, p.connection, p.command.activeFunction, [&p, params](int node) {
-                TestAnalogy(p.model, p.view, p.connection, params, node, p.ui, p.messages);
+                TestAnalogy(p.model, p.view, p.connection, params, node, p.ui);
             }};
 }
 
@@ -57,7 +58,8 @@ void ShowSelection(Program &p, bool baseBarsExamined, bool sidePanel) {
 std::optional<std::vector<int>> ParseOrWarn(Program &p, std::string_view text, int capacity) {
     auto values = ParseSelectionString(text, capacity);
     if (!values)
-        p.ui.MessageBox(p.messages[19], "ERRORE", MsgIcon::Exclamation, MsgButtons::Ok);
+        p.ui.MessageBox(MessageText(Msg::SelectionTooLong), "ERRORE", MsgIcon::Exclamation,
+                        MsgButtons::Ok);
     return values;
 }
 

@@ -52,15 +52,14 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     // The caption shows the size in force, so it follows the options file.
     p.form.Trappola.caption =
         "Trappola (" + NumberText(p.internalOptions(opt::kPickBoxSize)) + ")...";
-    FillMessageCatalogue(p.messages);
     LoadConnectionInput(p);
     if (p.exitRequested)
         return;
     p.form.caption = Trim(p.input.connectionDescription) + " - " + p.folders.jobFolder;
     LoadFont(p);
 
-    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model, p.messages, p.ui)) ||
-        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model, p.messages, p.ui)))
+    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model, p.ui)) ||
+        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model, p.ui)))
         return;
 
     LoadResult loaded = LoadStructure(p.folders.jobFolder, p.model, p.ui);

@@ -3,6 +3,7 @@
 
 #include "connection/assignment.h"
 #include "connection/rotation_match.h"
+#include "model/messages.h"
 
 #include <algorithm>
 #include <cmath>
@@ -208,8 +209,7 @@ AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const 
 }
 
 int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                const AnalogyParameters &params, int candidate, Ui &ui,
-                const MessageCatalogue &messages) {
+                const AnalogyParameters &params, int candidate, Ui &ui) {
     if (!HasUsableBaseNode(state) || !NodeInModel(model, candidate))
         return 0;
     KeepBarIndexCurrent(state.barIndex, model, view);
@@ -219,7 +219,8 @@ int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionSt
     const AnalogyMatch match = MatchAnalogy(model, BaseJoint(model, state),
                                             JointAt(model, candidate, candidateBars), params);
     if (match.outcome == AnalogyOutcome::TooManyBars)
-        ui.MessageBox(messages[25], "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
+        ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,
+                      MsgButtons::Ok);
     if (match.outcome != AnalogyOutcome::Analogous)
         return 0;
     AppendAnalogous(state, match.record);

@@ -3,7 +3,6 @@
 
 #include "connection/connection_state.h"
 #include "connection/vec3.h"
-#include "model/messages.h"
 #include "platform/ui.h"
 #include "view/view_state.h"
 
@@ -65,8 +64,7 @@ AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const 
 // Without a usable base node (none chosen, or one with more than 100 bars) nothing is analogous.
 // A candidate with more than 100 bars gets message 25.
 int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                const AnalogyParameters &params, int candidate, Ui &ui,
-                const MessageCatalogue &messages);
+                const AnalogyParameters &params, int candidate, Ui &ui);
 
 // The vector from the node along the bar to its far end; (0, 0, 0) for a bar of no length and,
 // here, also for a bar that has neither end on the node in space.

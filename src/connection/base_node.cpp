@@ -3,6 +3,7 @@
 #include "connection/base_node.h"
 
 #include "connection/bar_types.h"
+#include "model/messages.h"
 #include "platform/portable_math.h"
 
 #include <algorithm>
@@ -78,7 +79,7 @@ void SetBaseNodeByName(const StructureModel &model, const ViewState &view, Conne
 }
 
 bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                    Ui &ui, const MessageCatalogue &messages) {
+                    Ui &ui) {
     state.baseBarCount = 0;
     if (state.baseNode < 0 || state.baseNode >= model.nodeCount)
         return false;
@@ -90,7 +91,8 @@ bool GatherBaseBars(const StructureModel &model, const ViewState &view, Connecti
             continue;
         if (state.baseBarCount == kMaxBaseBars) {
             state.baseBarCount = kTooManyBaseBars;
-            ui.MessageBox(messages[25], "INFORMAZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
+            ui.MessageBox(MessageText(Msg::TooManyBaseBars), "INFORMAZIONE", MsgIcon::Exclamation,
+                          MsgButtons::Ok);
             return false;
         }
         state.baseBars[state.baseBarCount++] = b;

@@ -4,7 +4,6 @@
 
 #include "connection/connection_state.h"
 #include "connection/vec3.h"
-#include "model/messages.h"
 #include "platform/canvas.h"
 #include "platform/ui.h"
 #include "view/view_state.h"
@@ -25,7 +24,7 @@ void SetBaseNodeByName(const StructureModel &model, const ViewState &view, Conne
 // bars, in ascending order, and the list becomes the base node's own record. More than 100 such
 // bars: message 25, baseBarCount 101 and the list untouched; false.
 bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                    Ui &ui, const MessageCatalogue &messages);
+                    Ui &ui);
 
 // Far end of base bar k (0-based) minus the base node's point, in space: the second end when
 // the first lies on the node, otherwise the first.

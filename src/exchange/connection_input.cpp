@@ -2,6 +2,7 @@
 // type code and the bar types the user may give to the base bars.
 #include "exchange/connection_input.h"
 
+#include "model/messages.h"
 #include "platform/native_path.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -24,8 +25,7 @@ void SplitBarType(std::string_view field, std::string &code, std::string &descri
 
 } // namespace
 
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui,
-                                 const MessageCatalogue &messages) {
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui) {
     TextCursor cursor{std::move(text), 0};
     std::string_view field;
     if (ReadLine(cursor, field))
@@ -39,7 +39,8 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
         return InputResult::Read;
     const double types = RoundHalfEven(*count);
     if (types >= kMaxBarTypes + 1) {
-        ui.MessageBox(messages[26], "Problema", MsgIcon::Critical, MsgButtons::Ok);
+        ui.MessageBox(MessageText(Msg::TooManyBarTypes), "Problema", MsgIcon::Critical,
+                      MsgButtons::Ok);
         return InputResult::TooManyTypes;
     }
     if (!(types >= 1))
@@ -50,15 +51,14 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
     return InputResult::Read;
 }
 
-InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui,
-                                const MessageCatalogue &messages) {
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui) {
     std::optional<std::string> text =
         ReadWholeFile(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
     if (!text) {
         input.connectionDescription.clear();
         return InputResult::Missing;
     }
-    return ParseConnectionInput(std::move(*text), input, ui, messages);
+    return ParseConnectionInput(std::move(*text), input, ui);
 }
 
 } // namespace vorna

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "connection/connection_state.h"
-#include "model/messages.h"
 #include "platform/ui.h"
 
 #include <string>
@@ -18,9 +17,7 @@ enum class InputResult {
 };
 
 // Fields that cannot be read keep their values (empty text, 0 types).
-InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui,
-                                const MessageCatalogue &messages);
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui,
-                                 const MessageCatalogue &messages);
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui);
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui);
 
 } // namespace vorna

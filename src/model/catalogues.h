@@ -1,7 +1,6 @@
 // Readers of the job's section catalogue "sezioni_" and thickness catalogue "spessori".
 #pragma once
 
-#include "model/messages.h"
 #include "model/structure_model.h"
 #include "platform/ui.h"
 
@@ -15,15 +14,11 @@ struct CatalogueResult {
     bool endProgram = false; // too many cards: the message was shown and the program must end
 };
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
-                                   const MessageCatalogue &messages, Ui &ui);
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
-                                 const MessageCatalogue &messages, Ui &ui);
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model, Ui &ui);
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model, Ui &ui);
 
 // The same over the files' bytes.
-CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
-                                    const MessageCatalogue &messages, Ui &ui);
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model,
-                                  const MessageCatalogue &messages, Ui &ui);
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model, Ui &ui);
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model, Ui &ui);
 
 } // namespace vorna
