@@ -2,7 +2,6 @@
 // canvas that makes one QPainter call per line and per circle.
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 #include "ui/qt/qt_canvas.h"
 #include "view/projection.h"
 #include "view/render.h"
@@ -102,8 +101,7 @@ struct FittedModel {
     bool ready = false;
 
     explicit FittedModel(vorna::Canvas &surface) {
-        vorna::SilentUi ui;
-        if (vorna::LoadStructure(vorna::bench::LargeModelFolder().string(), *model, ui) !=
+        if (vorna::LoadStructure(vorna::bench::LargeModelFolder().string(), *model) !=
             vorna::LoadResult::Loaded)
             return;
         vorna::SetDefaultDisplayOptions(display);

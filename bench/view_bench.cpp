@@ -5,7 +5,6 @@
 #include "export/dxf_file.h"
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 #include "view/projection.h"
 #include "view/render.h"
 #include "view/visibility.h"
@@ -48,8 +47,7 @@ struct Loaded {
     bool ok = false;
 
     Loaded() {
-        SilentUi ui;
-        ok = LoadStructure(bench::LargeModelFolder().string(), *model, ui) == LoadResult::Loaded;
+        ok = LoadStructure(bench::LargeModelFolder().string(), *model) == LoadResult::Loaded;
         SetDefaultDisplayOptions(display);
         font.glyphPointCount.fill(-1);
         const ModelExtent e = ComputeModelExtent(*model);
@@ -120,8 +118,7 @@ void BM_SalvaDisegno(benchmark::State &state) {
         DrawBuffers buffers;
         ExportDrawing(input, canvas, buffers);
         lines = buffers.lines.size();
-        ExportMessage shown =
-            dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
+        UserMessage shown = dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
         benchmark::DoNotOptimize(shown);
     }
     state.counters["lines"] = static_cast<double>(lines);

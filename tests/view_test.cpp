@@ -481,18 +481,18 @@ TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
 
     test::TempDir dir;
     const std::string folder = dir.path().string() + "\\progra";
-    test::RecordingUi ui;
     StrokeFont missing;
-    LoadStrokeFont(folder, missing, ui);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, "File " + folder + "\\font.001 inesistente!");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    auto message = LoadStrokeFont(folder, missing);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->text, "File " + folder + "\\font.001 inesistente!");
+    EXPECT_EQ(message->title, "ERRORE");
+    EXPECT_EQ(message->icon, MsgIcon::Critical);
     EXPECT_EQ(missing.glyphPointCount['A'], -1);
 
     dir.Write("progra/font.001", "99999\r\nA1030204050607080\r\n");
-    LoadStrokeFont(folder, missing, ui);
-    ASSERT_EQ(ui.messages.size(), 2u);
-    EXPECT_EQ(ui.messages[1].text, "Errore in lettura del file " + folder + "\\font.001 !");
+    message = LoadStrokeFont(folder, missing);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->text, "Errore in lettura del file " + folder + "\\font.001 !");
 }
 
 // The demo suite's font, built from the Hershey fonts, read back by the program's loader.
@@ -502,9 +502,7 @@ TEST(StrokeFont, BuiltFontLoadsWithinTheCell) {
         std::string(VORNA_DEMO_TOOL) + " " + dir.path().string() + " >/dev/null";
     ASSERT_EQ(std::system(command.c_str()), 0);
     StrokeFont font;
-    test::RecordingUi ui;
-    LoadStrokeFont(dir.path().string() + "\\progra", font, ui);
-    ASSERT_TRUE(ui.messages.empty());
+    ASSERT_FALSE(LoadStrokeFont(dir.path().string() + "\\progra", font));
     EXPECT_EQ(font.glyphNarrowing, 0);
     EXPECT_EQ(font.glyphPointCount[' '], -1);
     for (int c = 33; c <= 126; ++c) {

@@ -115,7 +115,9 @@ void ChooseBaseNodeByPick(Program &p, int name) {
     SetBaseNodeByName(p.model, p.view, p.connection, name);
     if (p.connection.baseNode < 0)
         return;
-    GatherBaseBars(p.model, p.view, p.connection, p.ui);
+    if (GatherBaseBars(p.model, p.view, p.connection) == BaseBarsResult::TooMany)
+        p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "INFORMAZIONE", MsgIcon::Exclamation,
+                        MsgButtons::Ok);
     RefreshListText(p);
     p.form.NodoBase.enabled = false;
     p.form.RimNodoBase.enabled = true;

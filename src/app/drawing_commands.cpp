@@ -38,10 +38,6 @@ SaveChoice ShowSaveDialog(Program &p, std::string_view filter, std::string initi
     return choice;
 }
 
-void Show(Program &p, const ExportMessage &m) {
-    p.ui.MessageBox(m.text, m.title, m.icon, MsgButtons::Ok);
-}
-
 } // namespace
 
 void SalvaDisegno_Click(Program &p) {
@@ -65,9 +61,9 @@ void SalvaDisegno_Click(Program &p) {
         p.ui.SetBusy(false);
     }
     if (choice.filterIndex == 1)
-        Show(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
+        ShowMessage(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
     else
-        Show(p, WriteDxf(choice.fileName, p.buffers, false));
+        ShowMessage(p, WriteDxf(choice.fileName, p.buffers, false));
 }
 
 } // namespace vorna

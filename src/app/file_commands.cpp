@@ -36,11 +36,13 @@ void ExportResult(Program &p, ImportMode mode) {
 } // namespace
 
 void LoadConnectionInput(Program &p) {
-    switch (ReadConnectionInput(p.folders.jobFolder, p.input, p.ui)) {
+    switch (ReadConnectionInput(p.folders.jobFolder, p.input)) {
     case InputResult::Missing:
         p.form.StringaSel.caption = "";
         break;
     case InputResult::TooManyTypes:
+        p.ui.MessageBox(MessageText(Msg::TooManyBarTypes), "Problema", MsgIcon::Critical,
+                        MsgButtons::Ok);
         EndProgram(p, 1);
         break;
     case InputResult::Read:

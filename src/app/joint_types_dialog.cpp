@@ -4,7 +4,6 @@
 
 #include "app/commands.h"
 #include "connection/base_node.h"
-#include "model/messages.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "selection/designate.h"
@@ -75,7 +74,8 @@ void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
     }
     ConnectionState head;
     head.baseNode = static_cast<std::int16_t>(catalogue_.types[row].nodes.front());
-    GatherBaseBars(p_.model, p_.view, head, p_.ui);
+    // A node with too many bars heads no type, so nothing here needs telling.
+    GatherBaseBars(p_.model, p_.view, head);
     std::fill(head.baseBarTypes.begin(), head.baseBarTypes.end(), std::int16_t{1});
     DrawBaseNodeSchema(p_.model, head, p_.input, canvas, false);
 }
@@ -102,8 +102,7 @@ void TipiNodo_Click(Program &p) {
     }
     // Nodes with more bars than a connection can have belong to no type: said once.
     if (!catalogue.overcrowded.empty())
-        p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,
-                        MsgButtons::Ok);
+        WarnTooManyBars(p);
     JointTypesDialog dialog(p, std::move(catalogue));
     p.ui.RunDialog(dialog);
     if (dialog.chosen < 0)

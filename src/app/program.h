@@ -49,5 +49,7 @@ struct Program {
 // Ends the program once control is back in the front end: 0 after a normal end, 1 after a
 // fatal start-up message.
 void EndProgram(Program &program, int status);
+// A message the core handed back, in a box with OK.
+void ShowMessage(Program &program, const UserMessage &message);
 
 } // namespace vorna

@@ -18,7 +18,9 @@ constexpr int kEnterKey = 13;
 SelectionContext ContextOf(Program &p) {
     AnalogyParameters params = AnalogyParametersOf(p.form);
     return {p.model, p.view, p.connection, p.command.activeFunction, [&p, params](int node) {
-                TestAnalogy(p.model, p.view, p.connection, params, node, p.ui);
+                if (TestAnalogy(p.model, p.view, p.connection, params, node) ==
+                    AnalogyOutcome::TooManyBars)
+                    WarnTooManyBars(p);
             }};
 }
 
@@ -95,6 +97,11 @@ void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
 }
 
 } // namespace
+
+void WarnTooManyBars(Program &p) {
+    p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,
+                    MsgButtons::Ok);
+}
 
 void OfferNodesByName(Program &p, const std::vector<int> &names) {
     SelectionContext c = ContextOf(p);

@@ -133,7 +133,8 @@ void TuttoZ_Click(Program &p) {
 }
 
 void LoadFont(Program &p) {
-    LoadStrokeFont(p.folders.programsFolder, p.font, p.ui);
+    if (auto message = LoadStrokeFont(p.folders.programsFolder, p.font))
+        ShowMessage(p, *message);
 }
 
 void BuildFirstView(Program &p) {

@@ -3,7 +3,6 @@
 #include "connection/base_node.h"
 
 #include "connection/bar_types.h"
-#include "model/messages.h"
 #include "platform/portable_math.h"
 
 #include <algorithm>
@@ -78,11 +77,11 @@ void SetBaseNodeByName(const StructureModel &model, const ViewState &view, Conne
         }
 }
 
-bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                    Ui &ui) {
+BaseBarsResult GatherBaseBars(const StructureModel &model, const ViewState &view,
+                              ConnectionState &state) {
     state.baseBarCount = 0;
     if (state.baseNode < 0 || state.baseNode >= model.nodeCount)
-        return false;
+        return BaseBarsResult::NoBaseNode;
     KeepBarIndexCurrent(state.barIndex, model, view);
     std::vector<std::int16_t> bars;
     BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[state.baseNode].pointIndex, bars);
@@ -91,14 +90,12 @@ bool GatherBaseBars(const StructureModel &model, const ViewState &view, Connecti
             continue;
         if (state.baseBarCount == kMaxBaseBars) {
             state.baseBarCount = kTooManyBaseBars;
-            ui.MessageBox(MessageText(Msg::TooManyBaseBars), "INFORMAZIONE", MsgIcon::Exclamation,
-                          MsgButtons::Ok);
-            return false;
+            return BaseBarsResult::TooMany;
         }
         state.baseBars[state.baseBarCount++] = b;
     }
     ResetAnalogousToBaseNode(state);
-    return true;
+    return BaseBarsResult::Gathered;
 }
 
 Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state, int k) {

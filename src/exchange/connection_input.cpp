@@ -2,7 +2,6 @@
 // type code and the bar types the user may give to the base bars.
 #include "exchange/connection_input.h"
 
-#include "model/messages.h"
 #include "platform/native_path.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -25,7 +24,7 @@ void SplitBarType(std::string_view field, std::string &code, std::string &descri
 
 } // namespace
 
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui) {
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input) {
     TextCursor cursor{std::move(text), 0};
     std::string_view field;
     if (ReadLine(cursor, field))
@@ -38,11 +37,8 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
     if (!count)
         return InputResult::Read;
     const double types = RoundHalfEven(*count);
-    if (types >= kMaxBarTypes + 1) {
-        ui.MessageBox(MessageText(Msg::TooManyBarTypes), "Problema", MsgIcon::Critical,
-                      MsgButtons::Ok);
+    if (types >= kMaxBarTypes + 1)
         return InputResult::TooManyTypes;
-    }
     if (!(types >= 1))
         return InputResult::Read;
     input.barTypeCount = static_cast<int>(types);
@@ -51,14 +47,14 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
     return InputResult::Read;
 }
 
-InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui) {
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input) {
     std::optional<std::string> text =
         ReadWholeFile(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
     if (!text) {
         input.connectionDescription.clear();
         return InputResult::Missing;
     }
-    return ParseConnectionInput(std::move(*text), input, ui);
+    return ParseConnectionInput(std::move(*text), input);
 }
 
 } // namespace vorna

@@ -28,34 +28,29 @@ bool SkipFields(TextCursor &cursor, int count) {
     return true;
 }
 
-CatalogueResult TooMany(std::string_view text, Ui &ui) {
-    ui.MessageBox(text, "Problema", MsgIcon::Critical, MsgButtons::Ok);
-    return {"", true};
-}
-
 } // namespace
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model, Ui &ui) {
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\spessori";
     auto text = ReadWholeFile(NativePath(name));
     if (!text)
         return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseThicknessCards(std::move(*text), model, ui);
+    return ParseThicknessCards(std::move(*text), model);
 }
 
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model, Ui &ui) {
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\sezioni_";
     auto text = ReadWholeFile(NativePath(name));
     if (!text)
         return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseSectionCards(std::move(*text), model, ui);
+    return ParseSectionCards(std::move(*text), model);
 }
 
-CatalogueResult ParseThicknessCards(std::string text, StructureModel &model, Ui &ui) {
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
     TextCursor cursor{std::move(text), 0};
     int n = ReadCardCount(cursor);
     if (n > kMaxThicknessCards)
-        return TooMany(MessageText(Msg::TooManyThicknessCards), ui);
+        return {std::string(MessageText(Msg::TooManyThicknessCards)), true};
     model.thicknessCardCount = 0;
     for (int k = 0; k < n; ++k) {
         std::string_view thickness;
@@ -69,11 +64,11 @@ CatalogueResult ParseThicknessCards(std::string text, StructureModel &model, Ui 
     return {};
 }
 
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model, Ui &ui) {
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
     TextCursor cursor{std::move(text), 0};
     int n = ReadCardCount(cursor);
     if (n > kMaxSectionCards)
-        return TooMany(MessageText(Msg::TooManySectionCards), ui);
+        return {std::string(MessageText(Msg::TooManySectionCards)), true};
     for (int k = 0; k < n; ++k) {
         std::string_view name;
         if (!SkipFields(cursor, 1) || !ReadTextField(cursor, name))

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "model/structure_model.h"
-#include "platform/ui.h"
 
 #include <string>
 #include <string_view>
@@ -10,15 +9,15 @@
 namespace vorna {
 
 struct CatalogueResult {
-    std::string message;     // shown by start-up when not empty; start-up goes on
-    bool endProgram = false; // too many cards: the message was shown and the program must end
+    std::string message;     // shown by start-up when not empty
+    bool endProgram = false; // too many cards: after the message the program must end
 };
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model, Ui &ui);
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model, Ui &ui);
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model);
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model);
 
 // The same over the files' bytes.
-CatalogueResult ParseThicknessCards(std::string text, StructureModel &model, Ui &ui);
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model, Ui &ui);
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model);
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model);
 
 } // namespace vorna
