@@ -1,6 +1,7 @@
 // Tests of the 3D view: projection, filters and fit, rendering, the stroke font and primitives,
 // the drawing buffers, and the navigation gestures through the window's commands.
 #include "app/commands.h"
+#include "app/dispatch.h"
 #include "recording_canvas.h"
 #include "test_support.h"
 #include "view/navigation.h"
@@ -652,7 +653,6 @@ TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
     EXPECT_EQ(p.form.IntZ[0].text, "-3");
     EXPECT_EQ(p.form.IntY[1].text, "3");
     EXPECT_TRUE(p.form.LabCoord.visible);
-    EXPECT_FALSE(app.ui.busy);
     EXPECT_EQ(app.disegno.Sequence().substr(0, 2), "SC");
 
     // A half-typed angle keeps the last valid one; the view is redrawn all the same.
@@ -674,6 +674,34 @@ TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
     EXPECT_EQ(app.disegno.Of(CanvasCall::Clear).size(), 1u);
     VisCoord_Click(p);
     EXPECT_FALSE(p.form.LabCoord.visible || p.form.Label6.visible);
+}
+
+// The busy pointer belongs to the dispatch: on for the whole of each event, a gesture that ends
+// in a redraw included, and off after it; once the program ends nothing more runs.
+TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
+    App app(Square());
+    Program &p = *app.p;
+    std::vector<bool> seen;
+    auto press = [&](double x, double y) {
+        Dispatch(p, [&](Program &q) {
+            Disegno_MouseDown(q, kLeftButton, 0, x, y);
+            seen.push_back(app.ui.busy);
+        });
+        seen.push_back(app.ui.busy);
+    };
+    Dispatch(p, Sposta_Click);
+    press(0, 0);
+    press(10, 5); // the move: the view is drawn again
+    p.structureLoaded = false;
+    Dispatch(p, Sposta_Click);
+    press(0, 0);
+    press(10, 5);
+    EXPECT_EQ(seen, (std::vector<bool>{true, false, true, false, true, false, true, false}));
+
+    EndProgram(p, 0);
+    bool ran = false;
+    EXPECT_FALSE(Dispatch(p, [&](Program &) { ran = true; }));
+    EXPECT_FALSE(ran || app.ui.busy);
 }
 
 TEST(ViewCommands, ZoomRectangleEitherWayMoveAndFit) {

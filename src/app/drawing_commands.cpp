@@ -52,13 +52,11 @@ void SalvaDisegno_Click(Program &p) {
         return;
     // As on screen, nothing is drawn from a structure that failed to load.
     if (p.structureLoaded) {
-        p.ui.SetBusy(true);
         ExportDrawing(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
                                 p.font, p.form.VisAssi.checked},
                       p.disegno, p.buffers);
         for (const std::string &warning : p.buffers.warnings)
             p.ui.MessageBox(warning, "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
-        p.ui.SetBusy(false);
     }
     if (choice.filterIndex == 1)
         ShowMessage(p, SaveDisDrawing(choice.fileName, p.buffers, 0));

@@ -94,12 +94,9 @@ bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {
 
 void TipiNodo_Click(Program &p) {
     JointTypeCatalogue catalogue;
-    if (p.structureLoaded) {
-        p.ui.SetBusy(true);
+    if (p.structureLoaded)
         catalogue = CatalogueJointTypes(p.model, p.view, p.connection.barIndex,
                                         AnalogyParametersOf(p.form));
-        p.ui.SetBusy(false);
-    }
     // Nodes with more bars than a connection can have belong to no type: said once.
     if (!catalogue.overcrowded.empty())
         WarnTooManyBars(p);

@@ -217,7 +217,6 @@ void FinishWindowSelection(Program &p) {
     Control &shape = p.form.Shape;
     shape.visible = false;
     if (shape.width * shape.height > 0) {
-        p.ui.SetBusy(true);
         WindowCommand(p, shape.left, shape.top, shape.width, shape.height);
         // A window started by a click on empty space is used once.
         if (p.command.autoWindow) {
@@ -225,7 +224,6 @@ void FinishWindowSelection(Program &p) {
             ShowDirectSelection(p);
             EnableSelectionMenus(p);
         }
-        p.ui.SetBusy(false);
     }
     shape.width = 0;
     shape.height = 0;
@@ -236,7 +234,6 @@ void PickAt(Program &p, double x, double y) {
     if (p.command.selectionMode != SelectionMode::Direct || p.navigation.zoomWindowPending)
         return;
     const ActiveFunction function = p.command.activeFunction;
-    p.ui.SetBusy(true);
     p.navigation.pickRadius = PixelsToUnits(p.disegno, p.internalOptions(opt::kPickBoxSize));
     int name = PickElement(p.model, p.view, p.connection, function, x, y, p.navigation.pickRadius);
     if (name <= 0) {
@@ -254,7 +251,6 @@ void PickAt(Program &p, double x, double y) {
     } else {
         SelectByNameString(p, IntText(name));
     }
-    p.ui.SetBusy(false);
 }
 
 void Risposta_KeyDown(Program &p, int keyCode) {

@@ -39,7 +39,6 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     p.form.btnInterrompi.enabled = false;
     p.form.Shape.visible = false;
     LayOutForm(p);
-    p.ui.SetBusy(true);
     p.form.RimNodoBase.enabled = false;
     p.navigation.offsets = {};
 
@@ -74,12 +73,10 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     if (loaded != LoadResult::Loaded) {
         p.ui.MessageBox("Errore nella lettura della struttura", "Problema", MsgIcon::Critical,
                         MsgButtons::Ok);
-        p.ui.SetBusy(false);
         return;
     }
     p.structureLoaded = true;
     BuildFirstView(p);
-    p.ui.SetBusy(false);
 }
 
 } // namespace vorna

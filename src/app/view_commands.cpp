@@ -44,8 +44,7 @@ VisibilityFilter FilterOfForm(const Program &p) {
 }
 
 void SetViewScaleNow(Program &p) {
-    if (!SetViewScale(p.model, p.connection, FilterOfForm(p), p.view, p.disegno))
-        p.ui.SetBusy(false);
+    SetViewScale(p.model, p.connection, FilterOfForm(p), p.view, p.disegno);
 }
 
 // mode 1, 2, 3: one axis; 4: all three; anything else: nothing.
@@ -74,18 +73,14 @@ void DrawStructureNow(Program &p) {
     // drawn from them.
     if (!p.structureLoaded)
         return;
-    p.ui.SetBusy(true);
     DrawStructure(DrawInput{p.model, p.view, p.displayOptions, p.internalOptions, p.connection,
                             p.font, p.form.VisAssi.checked},
                   p.disegno);
-    p.ui.SetBusy(false);
 }
 
 void RedrawView(Program &p) {
-    if (!p.structureLoaded) {
-        p.ui.SetBusy(false); // a gesture may have asked for the busy pointer
+    if (!p.structureLoaded)
         return;
-    }
     ProjectFromAngles(p);
     SetViewScaleNow(p);
     DrawStructureNow(p);
