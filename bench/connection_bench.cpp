@@ -7,7 +7,6 @@
 #include "connection/joint_types.h"
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 #include "projection/projection.h"
 
 #include <benchmark/benchmark.h>
@@ -25,19 +24,17 @@ struct Search {
     std::unique_ptr<StructureModel> model = std::make_unique<StructureModel>();
     std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
     ConnectionState state;
-    SilentUi ui;
-    MessageCatalogue messages;
     bool ready = false;
 
     Search() {
-        FillMessageCatalogue(messages);
-        if (LoadStructure(bench::LargeModelFolder().string(), *model, ui) != LoadResult::Loaded)
+        if (LoadStructure(bench::LargeModelFolder().string(), *model) != LoadResult::Loaded)
             return;
         ProjectStructure(*model, *view, 30, 30, 0);
         std::fill(view->nodeShown.begin(), view->nodeShown.end(), 1);
         for (int n = 0; n < model->nodeCount && !ready; ++n) {
             state.baseNode = static_cast<std::int16_t>(n);
-            ready = GatherBaseBars(*model, *view, state, ui, messages) && state.baseBarCount == 4;
+            ready = GatherBaseBars(*model, *view, state) == BaseBarsResult::Gathered &&
+                    state.baseBarCount == 4;
         }
     }
 };
@@ -61,7 +58,7 @@ void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
         ResetAnalogousToBaseNode(s.state);
         for (int n = 0; n < nodes; ++n)
             if (s.view->nodeShown[n])
-                TestAnalogy(*s.model, *s.view, s.state, params, n, s.ui, s.messages);
+                TestAnalogy(*s.model, *s.view, s.state, params, n);
         BuildAnalogousListText(*s.model, s.state);
         benchmark::DoNotOptimize(s.state.analogousListText.data());
     }
@@ -183,7 +180,7 @@ void BM_ChooseBaseNodeAfterRotation(benchmark::State &bm) {
     }
     for (auto _ : bm) {
         s.state.barIndex.built = false;
-        GatherBaseBars(*s.model, *s.view, s.state, s.ui, s.messages);
+        GatherBaseBars(*s.model, *s.view, s.state);
         benchmark::DoNotOptimize(s.state.baseBars.data());
     }
 }

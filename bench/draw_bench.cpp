@@ -3,7 +3,6 @@
 #include "app/draw_input.h"
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 #include "projection/projection.h"
 #include "projection/visibility.h"
 #include "ui/qt/qt_canvas.h"
@@ -103,8 +102,7 @@ struct FittedModel {
     bool ready = false;
 
     explicit FittedModel(vorna::Canvas &surface) {
-        vorna::SilentUi ui;
-        if (vorna::LoadStructure(vorna::bench::LargeModelFolder().string(), *model, ui) !=
+        if (vorna::LoadStructure(vorna::bench::LargeModelFolder().string(), *model) !=
             vorna::LoadResult::Loaded)
             return;
         vorna::SetDefaultDisplayOptions(display);

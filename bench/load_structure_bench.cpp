@@ -1,7 +1,6 @@
 // Loading the full-capacity structure file, beside merely reading its lines into memory.
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 
 #include <benchmark/benchmark.h>
 
@@ -27,10 +26,9 @@ BENCHMARK(BM_ReadLinesOnly)->Unit(benchmark::kMillisecond);
 
 void BM_LoadStructure(benchmark::State &state) {
     std::string folder = vorna::bench::LargeModelFolder().string();
-    vorna::SilentUi ui;
     auto model = std::make_unique<vorna::StructureModel>();
     for (auto _ : state) {
-        auto result = vorna::LoadStructure(folder, *model, ui);
+        auto result = vorna::LoadStructure(folder, *model);
         if (result != vorna::LoadResult::Loaded || model->nodeCount != 20001)
             state.SkipWithError("the large model did not load");
         benchmark::DoNotOptimize(model->points.data());

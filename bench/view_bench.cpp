@@ -6,7 +6,6 @@
 #include "export/dxf_file.h"
 #include "large_model.h"
 #include "model/load_structure.h"
-#include "platform/silent_ui.h"
 #include "projection/projection.h"
 #include "projection/visibility.h"
 #include "view/render.h"
@@ -49,8 +48,7 @@ struct Loaded {
     bool ok = false;
 
     Loaded() {
-        SilentUi ui;
-        ok = LoadStructure(bench::LargeModelFolder().string(), *model, ui) == LoadResult::Loaded;
+        ok = LoadStructure(bench::LargeModelFolder().string(), *model) == LoadResult::Loaded;
         SetDefaultDisplayOptions(display);
         font.glyphPointCount.fill(-1);
         const ModelExtent e = ComputeModelExtent(*model);
@@ -121,8 +119,7 @@ void BM_SalvaDisegno(benchmark::State &state) {
         DrawBuffers buffers;
         ExportDrawing(input, canvas, buffers);
         lines = buffers.lines.size();
-        ExportMessage shown =
-            dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
+        UserMessage shown = dis ? SaveDisDrawing(file, buffers, 0) : WriteDxf(file, buffers, false);
         benchmark::DoNotOptimize(shown);
     }
     state.counters["lines"] = static_cast<double>(lines);

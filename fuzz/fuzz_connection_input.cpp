@@ -1,18 +1,14 @@
 // Fuzz target: the reader of "VornaNIn.txt" on arbitrary bytes, and the writers fed its result.
 #include "exchange/connection_file.h"
 #include "exchange/connection_input.h"
-#include "platform/silent_ui.h"
 
 #include <memory>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static auto model = std::make_unique<vorna::StructureModel>();
-    vorna::MessageCatalogue messages;
-    vorna::FillMessageCatalogue(messages);
-    vorna::SilentUi ui;
     vorna::ConnectionInput input;
     std::string text(reinterpret_cast<const char *>(data), size);
-    vorna::ParseConnectionInput(text, input, ui, messages);
+    vorna::ParseConnectionInput(text, input);
     // Every type code read must be usable by the connection file's key lines.
     vorna::ConnectionState state;
     state.baseNode = 0;

@@ -83,10 +83,9 @@ struct Words {
             form, [&](std::string_view n, vorna::Control &) { controls.emplace_back(n); });
         vorna::DisplayOptions display;
         vorna::InternalOptions internal;
-        vorna::MessageCatalogue messages;
         vorna::SilentUi ui;
-        vorna::FormOptDialog opt(display, "", messages, ui);
-        vorna::FormOptIntDialog optInt(internal, messages, ui);
+        vorna::FormOptDialog opt(display, "", ui);
+        vorna::FormOptIntDialog optInt(internal, ui);
         for (vorna::Dialog *d : std::array<vorna::Dialog *, 2>{&opt, &optInt})
             d->ForEachControl(
                 [&](std::string_view n, vorna::Control &) { dialogControls.emplace_back(n); });

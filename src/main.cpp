@@ -6,6 +6,7 @@
 #include "platform/text.h"
 
 #ifdef VORNA_WITH_QT
+#include "app/dispatch.h"
 #include "app/program.h"
 #include "app/startup.h"
 #include "ui/qt/main_window.h"
@@ -68,7 +69,7 @@ int RunWindow(int argc, char **argv, const std::vector<std::string> &arguments) 
     vorna::Program program(ui, window.Disegno(), window.Picture1());
     window.Attach(program, vorna::qt::MainWindow::InitialSize::FromForm);
     window.show();
-    vorna::RunStartUp(program, commandLine);
+    vorna::Dispatch(program, [&](vorna::Program &p) { vorna::RunStartUp(p, commandLine); });
     window.SyncFromForm();
     if (program.exitRequested)
         return program.exitStatus;

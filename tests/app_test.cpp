@@ -92,6 +92,22 @@ TEST(StartUp, MissingStructureStopsStartUpButNotTheProgram) {
     EXPECT_NE(out.find("jobName=job001\n"), std::string::npos);
 }
 
+// The readers only say what happened; start-up tells the user, step by step in this order.
+TEST(StartUp, ReadersMessagesComeInTheOrderOfTheSteps) {
+    Suite suite;
+    std::filesystem::remove(suite.dir.path() / "progra/font.001");
+    suite.dir.Write("lavori/job001/STRUTTUR.STR",
+                    "release\r\n1\r\n1 2 3\r\n1\r\n0 1 2\r\n32001 0\r\n0\r\n0\r\n");
+    std::string out;
+    EXPECT_EQ(RunIn(suite, "", out), 0);
+    const std::string root = LowerCase(suite.root), job = root + "/lavori\\job001\\";
+    const std::string cannotRead = "message|Problema|16| Impossibile leggere il file ";
+    EXPECT_EQ(out, "message|ERRORE|16|File " + root + "\\progra\\font.001 inesistente!\n" +
+                       cannotRead + job + "spessori\n" + cannotRead + job + "sezioni_\n" +
+                       "message|ERRORE IN STRUTTUR.STR|48|Nome nodo maggiore di 32000.\n"
+                       "message|Problema|16|Errore nella lettura della struttura\n");
+}
+
 TEST(StartUp, FatalMessagesEndWithStatusOne) {
     Suite suite;
     suite.dir.Write("lavori/job001/STRUTTUR.STR", "3.8\r\n");

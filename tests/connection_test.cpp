@@ -30,9 +30,7 @@ struct Frame {
     std::unique_ptr<StructureModel> m = std::make_unique<StructureModel>();
     std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
     ConnectionState s;
-    test::RecordingUi ui;
-    MessageCatalogue messages;
-    Frame() { FillMessageCatalogue(messages); }
+    int tooMany = 0; // candidates found with more bars than a connection can have
 
     int Point(double x, double y, double z) {
         m->points[m->pointCount] = {x, y, z};
@@ -59,12 +57,15 @@ struct Frame {
     void Project(double a = 30, double b = 30, double c = 0) {
         ProjectStructure(*m, *view, a, b, c);
     }
-    void ChooseBase(int node) {
+    BaseBarsResult ChooseBase(int node) {
         s.baseNode = static_cast<std::int16_t>(node);
-        GatherBaseBars(*m, *view, s, ui, messages);
+        return GatherBaseBars(*m, *view, s);
     }
+    // 1 when found analogous.
     int Test(int node, AnalogyParameters params = {}) {
-        return TestAnalogy(*m, *view, s, params, node, ui, messages);
+        const AnalogyOutcome outcome = TestAnalogy(*m, *view, s, params, node);
+        tooMany += outcome == AnalogyOutcome::TooManyBars;
+        return outcome == AnalogyOutcome::Analogous;
     }
     std::vector<int> Listed() const {
         std::vector<int> nodes;
@@ -104,19 +105,19 @@ TEST(BaseNode, NamedBarsAtTheProjectedNodeUpToAHundred) {
     f.Project(0, 0, 0);
     SetBaseNodeByName(*f.m, *f.view, f.s, 1);
     ASSERT_EQ(f.s.baseNode, base);
-    f.ChooseBase(base);
+    EXPECT_EQ(f.ChooseBase(base), BaseBarsResult::Gathered);
     EXPECT_EQ(f.s.baseBarCount, 100);
     EXPECT_EQ(f.s.baseBars[99], 100);
     EXPECT_EQ(f.Listed(), std::vector<int>{base});
 
     f.Bar(p, f.Point(0, 0, 7), 300);
     ClearAnalogous(f.s);
-    f.ChooseBase(base);
+    EXPECT_EQ(f.ChooseBase(base), BaseBarsResult::TooMany);
     EXPECT_EQ(f.s.baseBarCount, kTooManyBaseBars);
     EXPECT_TRUE(f.s.analogousNodes.empty()); // untouched
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].title, "INFORMAZIONE");
     EXPECT_EQ(f.Test(base), 0); // no usable base node: nothing is analogous
+    EXPECT_EQ(f.tooMany, 0);
+    EXPECT_EQ(f.ChooseBase(-1), BaseBarsResult::NoBaseNode);
 }
 
 TEST(Analogy, DirectionsLengthsAndMethods) {
@@ -175,9 +176,7 @@ TEST(Analogy, SharedBarsZeroLengthsPropertiesAndTheHundredBarLimit) {
     EXPECT_EQ(f.Test(crowded), 0);
     EXPECT_EQ(f.Listed(), (std::vector<int>{base, shared, flat, crowded}));
     EXPECT_EQ(f.s.analogousNodes[1].bars[0], f.s.analogousNodes[1].bars[1]);
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].title, "Problema");
-    EXPECT_EQ(f.ui.messages[0].text, " Numero eccessivo di potenziali aste base ");
+    EXPECT_EQ(f.tooMany, 1);
 }
 
 int Roll(std::mt19937 &rng, int n) {
@@ -674,9 +673,6 @@ JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
                              const AnalogyParameters &params) {
     JointTypeCatalogue catalogue;
     auto s = std::make_unique<ConnectionState>();
-    test::RecordingUi ui;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     for (int n = 0; n < m.nodeCount; ++n) {
         const std::vector<int> bars = BarsAt(m, v, n);
         if (!IsLive(m.nodes[n]) || !v.nodeShown[n] || bars.empty())
@@ -690,8 +686,9 @@ JointTypeCatalogue Catalogue(const StructureModel &m, const ViewState &v,
             if (BarsAt(m, v, t.nodes[0]).size() != bars.size())
                 continue;
             s->baseNode = static_cast<std::int16_t>(t.nodes[0]);
-            GatherBaseBars(m, v, *s, ui, messages);
-            if (s->baseBarCount > 0 && TestAnalogy(m, v, *s, params, n, ui, messages)) {
+            GatherBaseBars(m, v, *s);
+            if (s->baseBarCount > 0 &&
+                TestAnalogy(m, v, *s, params, n) == AnalogyOutcome::Analogous) {
                 t.nodes.push_back(n);
                 joined = true;
                 break;
@@ -826,7 +823,7 @@ TEST(ConnectionDifferential, RandomFramesAndCommandsMatchTheWrittenProcedures) {
             BuildAnalogousListText(*f.m, f.s);
             ASSERT_EQ(f.s.analogousListText, reference::ListText(*f.m, list));
         }
-        ASSERT_EQ(static_cast<int>(f.ui.messages.size()), messages);
+        ASSERT_EQ(f.tooMany, messages);
 
         // The classification and the per-type texts of the result file.
         for (int k = 0; k < f.s.baseBarCount; ++k)
@@ -979,7 +976,6 @@ struct Window {
     int other = f.Joint(20, 0, 0, kBeamColumn, 12);
     Window() {
         std::swap(p->model, *f.m);
-        FillMessageCatalogue(p->messages);
         p->input = ThreeTypes("2");
         BuildFirstView(*p);
         NodoBase_Click(*p);
@@ -1003,8 +999,7 @@ TEST(ConnectionCommands, ChoosingTypingAndDroppingTheBaseNode) {
     LabelTipo_Click(p, 4); // hidden: nothing
     EXPECT_EQ(p.form.LabelTipo[4].caption, "");
 
-    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other, p.ui,
-                p.messages);
+    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other);
     w.ui.answers.push_back(MsgAnswer::Cancel);
     RimNodoBase_Click(p);
     EXPECT_EQ(p.connection.analogousNodes.size(), 2u);
@@ -1024,6 +1019,35 @@ TEST(ConnectionCommands, ChoosingTypingAndDroppingTheBaseNode) {
     p.form.OpzMetodo[0].checked = false;
     p.form.OpzMetodo[1].checked = true;
     EXPECT_EQ(AnalogyParametersOf(p.form).method, AnalogyMethod::IdenticalOrMirrored);
+}
+
+// A node with more bars than a connection can have, met as the base node and as a candidate:
+// the user is told each time, in the words of each command.
+TEST(ConnectionCommands, TooManyBarsAreToldAsBaseNodeAndAsCandidate) {
+    test::RecordingUi ui;
+    test::RecordingCanvas disegno, picture1{2100, 1500};
+    auto p = std::make_unique<Program>(ui, disegno, picture1);
+    Frame f;
+    f.Joint(0, 0, 0, kBeamColumn, 11);
+    f.Joint(20, 0, 0, std::vector<Vec3>(kTooManyBaseBars, Vec3{1, 0, 0}), 12);
+    std::swap(p->model, *f.m);
+    BuildFirstView(*p);
+    NodoBase_Click(*p);
+    ChooseBaseNodeByPick(*p, 12);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, "INFORMAZIONE");
+    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(ui.messages[0].text, " Numero eccessivo di potenziali aste base ");
+
+    RimNodoBase_Click(*p);
+    NodoBase_Click(*p);
+    ChooseBaseNodeByPick(*p, 11);
+    Aggiungi_Click(*p);
+    OfferNodesByName(*p, {12, 11});
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[1].title, "Problema");
+    EXPECT_EQ(ui.messages[1].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(ui.messages[1].text, ui.messages[0].text);
 }
 
 } // namespace

@@ -43,8 +43,6 @@ struct Connection {
     std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
     ConnectionState s;
     ConnectionInput input;
-    test::RecordingUi ui;
-    MessageCatalogue messages;
 
     void Joint(double x, int name, int beam, int column) {
         const auto p = m->pointCount;
@@ -59,13 +57,12 @@ struct Connection {
                                       static_cast<std::int16_t>(k == 1 ? beam : column)};
     }
     Connection() {
-        FillMessageCatalogue(messages);
         Joint(0, 12, 7, 9);
         Joint(10, 40, 51, 53);
         ProjectStructure(*m, *view, 30, 30, 0);
         SetBaseNodeByName(*m, *view, s, 12);
-        GatherBaseBars(*m, *view, s, ui, messages);
-        TestAnalogy(*m, *view, s, {}, 1, ui, messages);
+        GatherBaseBars(*m, *view, s);
+        TestAnalogy(*m, *view, s, {}, 1);
         BuildAnalogousListText(*m, s);
         s.baseBarTypes = {1, 2};
         ClassifyAnalogousBars(*m, s, AnalogyMethod::Identical);
@@ -113,18 +110,11 @@ TEST(ResultFile, TypeListsAndWholeFile) {
     EXPECT_EQ(RangeText({-4, 0, 2, 2, 3}), "2,2-3");
 }
 
-InputResult Parse(const std::string &text, ConnectionInput &input, test::RecordingUi &ui) {
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
-    return ParseConnectionInput(text, input, ui, messages);
-}
-
 TEST(ConnectionInput, FieldsCodesAndDescriptions) {
-    test::RecordingUi ui;
     ConnectionInput in;
-    ASSERT_EQ(Parse("Giunto, flangiato\r\n 12 \r\n3\r\nTR  Trave principale\r\n"
-                    "\"PI\tPilastro, d'angolo\"\r\nDI\r\n",
-                    in, ui),
+    ASSERT_EQ(ParseConnectionInput("Giunto, flangiato\r\n 12 \r\n3\r\nTR  Trave principale\r\n"
+                                   "\"PI\tPilastro, d'angolo\"\r\nDI\r\n",
+                                   in),
               InputResult::Read);
     EXPECT_EQ(in.connectionDescription, "Giunto, flangiato");
     EXPECT_EQ(in.connectionTypeCode, "12");
@@ -134,17 +124,17 @@ TEST(ConnectionInput, FieldsCodesAndDescriptions) {
     EXPECT_EQ(in.barTypeCodes[3] + "|" + in.barTypeDescriptions[3], "DI|");
 
     ConnectionInput shortFile;
-    EXPECT_EQ(Parse("D\r\n2\r\ntre\r\nTR x\r\n", shortFile, ui), InputResult::Read);
+    EXPECT_EQ(ParseConnectionInput("D\r\n2\r\ntre\r\nTR x\r\n", shortFile), InputResult::Read);
     EXPECT_EQ(shortFile.barTypeCount, 0);
-    EXPECT_EQ(Parse("D\r\n2\r\n2\r\nTR x\r\n", shortFile, ui), InputResult::Read);
+    EXPECT_EQ(ParseConnectionInput("D\r\n2\r\n2\r\nTR x\r\n", shortFile), InputResult::Read);
     EXPECT_EQ(shortFile.barTypeCodes[2], ""); // the missing line leaves it
-    EXPECT_TRUE(ui.messages.empty());
 
     std::string ten = "D\r\n1\r\n10\r\n";
     for (int t = 1; t <= 10; ++t)
         ten += "T" + std::to_string(t) + " tipo\r\n";
-    EXPECT_EQ(Parse(ten, in, ui), InputResult::Read);
+    EXPECT_EQ(ParseConnectionInput(ten, in), InputResult::Read);
     EXPECT_EQ(in.barTypeCodes[10], "T10");
+    EXPECT_EQ(ParseConnectionInput("D\r\n1\r\n10.6\r\n", in), InputResult::TooManyTypes);
 }
 
 // The File commands on a program whose job folder is a temporary folder.
@@ -153,10 +143,7 @@ struct Job {
     test::RecordingUi ui;
     test::RecordingCanvas disegno, picture1;
     std::unique_ptr<Program> p = std::make_unique<Program>(ui, disegno, picture1);
-    Job() {
-        p->folders.jobFolder = dir.path().string();
-        FillMessageCatalogue(p->messages);
-    }
+    Job() { p->folders.jobFolder = dir.path().string(); }
 };
 
 TEST(FileCommands, InputAtStartUpAndTheWaysOut) {

@@ -151,7 +151,7 @@ TEST(DisFile, ExampleEmptyAndCleanedByteForByte) {
     const auto start = example.Point(0, 0), end = example.Point(10, 5);
     example.Line(start, end, 3);
     const std::string name = (dir.path() / "example.dis").string();
-    const ExportMessage saved = SaveDisDrawing(name, example.b, 0);
+    const UserMessage saved = SaveDisDrawing(name, example.b, 0);
     EXPECT_EQ(saved.text, "File " + name + " salvato.");
     EXPECT_EQ(saved.title, "SALVA FILE DISEGNO");
     EXPECT_EQ(saved.icon, MsgIcon::Information);
@@ -186,7 +186,7 @@ TEST(DxfFile, LinesTextsArcsAndEmptyByteForByte) {
     lines.Line(p, q, 3);    // DXF colour 1
     lines.Line(q, o, 0, 2); // black is 18; a dashed line type
     const std::string name = (dir.path() / "lines.dxf").string();
-    const ExportMessage saved = WriteDxf(name, lines.b, false);
+    const UserMessage saved = WriteDxf(name, lines.b, false);
     EXPECT_EQ(saved.text, "File " + name + " salvato.");
     EXPECT_EQ(saved.title, "SALVA FILE DXF");
     EXPECT_EQ(saved.icon, MsgIcon::Information);
@@ -218,12 +218,12 @@ TEST(ExportWriters, AFolderThatDoesNotExistGivesTheFailureAndNoFile) {
     const auto start = d.Point(0, 0), end = d.Point(1, 1);
     d.Line(start, end, 2);
     const std::string dis = (dir.path() / "missing" / "a.dis").string();
-    const ExportMessage disFailed = SaveDisDrawing(dis, d.b, 0);
+    const UserMessage disFailed = SaveDisDrawing(dis, d.b, 0);
     EXPECT_EQ(disFailed.text, "Errore durante la scrittura sul file" + dis);
     EXPECT_EQ(disFailed.title, "ERRORE");
     EXPECT_EQ(disFailed.icon, MsgIcon::None);
     const std::string dxf = (dir.path() / "missing" / "a.dxf").string();
-    const ExportMessage dxfFailed = WriteDxf(dxf, d.b, false);
+    const UserMessage dxfFailed = WriteDxf(dxf, d.b, false);
     EXPECT_EQ(dxfFailed.text, "ERRORE: non riesco ad aprire il file " + dxf);
     EXPECT_EQ(dxfFailed.title, "ERRORE");
     EXPECT_EQ(dxfFailed.icon, MsgIcon::Critical);

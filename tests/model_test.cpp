@@ -18,10 +18,8 @@ std::string SmallStructure(const std::string &nodeLines = "0 1 3\r\n12 0\r\n1\t3
 }
 
 TEST(LoadStructure, ReadsEveryTableAndTheSkippedSections) {
-    test::RecordingUi ui;
     StructureModel m;
-    ASSERT_EQ(ParseStructure(SmallStructure(), m, ui), LoadResult::Loaded);
-    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ParseStructure(SmallStructure(), m), LoadResult::Loaded);
     EXPECT_EQ(m.pointCount, 3);
     EXPECT_EQ(m.points[1].x, 600.5);
     EXPECT_EQ(m.points[2].z, 350);
@@ -41,40 +39,40 @@ TEST(LoadStructure, ReadsEveryTableAndTheSkippedSections) {
     EXPECT_EQ(m.shells[0].colour, 4);
 
     StructureModel blanks;
-    ASSERT_EQ(ParseStructure(SmallStructure("0 1 3\r\n12 0\r\n1 3 1\r\n13 2\r\n", "0 1\r\n0 3"),
-                             blanks, ui),
-              LoadResult::Loaded);
+    ASSERT_EQ(
+        ParseStructure(SmallStructure("0 1 3\r\n12 0\r\n1 3 1\r\n13 2\r\n", "0 1\r\n0 3"), blanks),
+        LoadResult::Loaded);
     EXPECT_EQ(blanks.bars[0].pointJ, 1); // a group may span lines
     EXPECT_EQ(blanks.bars[0].colour, 3);
     EXPECT_EQ(blanks.bars[0].name, 7);
 }
 
 TEST(LoadStructure, VersionAndNodeNumberChecksInterruptTheLoad) {
-    test::RecordingUi ui;
     StructureModel m;
-    EXPECT_EQ(ParseStructure("4.0\r\n0\r\n", m, ui), LoadResult::EndProgram);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, "Attenzione");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(ParseStructure("4.0\r\n0\r\n", m), LoadResult::OldVersion);
+    const auto old = LoadMessage(LoadResult::OldVersion);
+    ASSERT_TRUE(old);
+    EXPECT_EQ(old->title, "Attenzione");
+    EXPECT_EQ(old->icon, MsgIcon::Critical);
 
-    ui.messages.clear();
-    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n32000 0\r\n1 3 1\r\n1 0\r\n"), m, ui),
+    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n32000 0\r\n1 3 1\r\n1 0\r\n"), m),
               LoadResult::Loaded);
     EXPECT_EQ(m.nodes[0].name, 32000);
-    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n32001 0\r\n1 3 1\r\n1 0\r\n"), m, ui),
-              LoadResult::NotRead);
-    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n1e12 0\r\n1 3 1\r\n1 0\r\n"), m, ui),
-              LoadResult::NotRead);
-    ASSERT_EQ(ui.messages.size(), 2u);
-    EXPECT_EQ(ui.messages[0].text, "Nome nodo maggiore di 32000.");
-    EXPECT_EQ(ui.messages[0].title, "ERRORE IN STRUTTUR.STR");
+    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n32001 0\r\n1 3 1\r\n1 0\r\n"), m),
+              LoadResult::NodeNameTooLarge);
+    EXPECT_EQ(ParseStructure(SmallStructure("0 1 3\r\n1e12 0\r\n1 3 1\r\n1 0\r\n"), m),
+              LoadResult::NodeNameTooLarge);
+    const auto name = LoadMessage(LoadResult::NodeNameTooLarge);
+    ASSERT_TRUE(name);
+    EXPECT_EQ(name->text, "Nome nodo maggiore di 32000.");
+    EXPECT_EQ(name->title, "ERRORE IN STRUTTUR.STR");
+    EXPECT_FALSE(LoadMessage(LoadResult::NotRead) || LoadMessage(LoadResult::Loaded));
 }
 
 TEST(LoadStructure, BadValuesKeepTheirFieldAndCountsBeyondCapacityAreRefused) {
-    test::RecordingUi ui;
     StructureModel m;
     // Out-of-range and non-numeric group fields keep the previous value; a missing token is 0.
-    ASSERT_EQ(ParseStructure("release\r\n2\r\n1 2 3\r\nx 1e999 4\r\n1\r\n70000 1\r\n", m, ui),
+    ASSERT_EQ(ParseStructure("release\r\n2\r\n1 2 3\r\nx 1e999 4\r\n1\r\n70000 1\r\n", m),
               LoadResult::Loaded);
     EXPECT_EQ(m.points[1].x, 0);
     EXPECT_EQ(m.points[1].y, 0);
@@ -85,55 +83,47 @@ TEST(LoadStructure, BadValuesKeepTheirFieldAndCountsBeyondCapacityAreRefused) {
     EXPECT_EQ(m.barCount, 0); // the file ends: everything after keeps its value
 
     StructureModel big;
-    EXPECT_EQ(ParseStructure("release\r\n20002\r\n", big, ui), LoadResult::NotRead);
-    EXPECT_EQ(ParseStructure("release\r\n0\r\n0\r\n0\r\n16002\r\n", big, ui), LoadResult::NotRead);
-    EXPECT_EQ(ParseStructure("release\r\n-5\r\n", big, ui), LoadResult::Loaded);
+    EXPECT_EQ(ParseStructure("release\r\n20002\r\n", big), LoadResult::NotRead);
+    EXPECT_EQ(ParseStructure("release\r\n0\r\n0\r\n0\r\n16002\r\n", big), LoadResult::NotRead);
+    EXPECT_EQ(ParseStructure("release\r\n-5\r\n", big), LoadResult::Loaded);
     EXPECT_EQ(big.pointCount, 0);
 }
 
 TEST(LoadStructure, MissingFileIsNotRead) {
-    test::RecordingUi ui;
     StructureModel m;
     test::TempDir dir;
-    EXPECT_EQ(LoadStructure(dir.path().string(), m, ui), LoadResult::NotRead);
-    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(LoadStructure(dir.path().string(), m), LoadResult::NotRead);
 }
 
 TEST(Catalogues, SectionNamesLoseTheirPPrefixAndCountsAreLimited) {
-    test::RecordingUi ui;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     StructureModel m;
     std::string numbers = ",0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
     auto card = [&](const std::string &name) { return "1,\"" + name + "\"" + numbers; };
-    EXPECT_TRUE(ParseSectionCards("2\r\n" + card("P_HEA200") + card("p_x"), m, messages, ui)
-                    .message.empty());
+    EXPECT_TRUE(ParseSectionCards("2\r\n" + card("P_HEA200") + card("p_x"), m).message.empty());
     EXPECT_EQ(m.sectionNames[0], "HEA200");
     EXPECT_EQ(m.sectionNames[1], "p_x");
 
     std::string cards99 = "99\r\n";
     for (int i = 0; i < 99; ++i)
         cards99 += card("S" + std::to_string(i));
-    EXPECT_FALSE(ParseSectionCards(cards99, m, messages, ui).endProgram);
+    EXPECT_FALSE(ParseSectionCards(cards99, m).endProgram);
     EXPECT_EQ(m.sectionNames[98], "S98");
-    EXPECT_TRUE(ParseSectionCards("100\r\n", m, messages, ui).endProgram);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, " Troppe schede di sezione ");
+    const CatalogueResult sections = ParseSectionCards("100\r\n", m);
+    EXPECT_TRUE(sections.endProgram);
+    EXPECT_EQ(sections.message, " Troppe schede di sezione ");
 
-    EXPECT_FALSE(
-        ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m, messages, ui).endProgram);
+    EXPECT_FALSE(ParseThicknessCards("100\r\n1,2,3,20,5\r\n2 1 0 0.5 0\r\n", m).endProgram);
     EXPECT_EQ(m.thicknessCardCount, 2); // a truncated file: the rest counts as absent
     EXPECT_EQ(m.thicknessValues[0], 20);
     EXPECT_EQ(m.thicknessValues[1], 0.5); // blanks end numbers as commas do
-    EXPECT_TRUE(ParseThicknessCards("101\r\n", m, messages, ui).endProgram);
-    EXPECT_EQ(ui.messages.back().text, " Troppe schede di spessore ");
-    ui.messages.clear();
-    EXPECT_TRUE(ParseThicknessCards("0\r\n", m, messages, ui).message.empty());
-    EXPECT_TRUE(ParseSectionCards("", m, messages, ui).message.empty());
-    EXPECT_TRUE(ui.messages.empty());
+    const CatalogueResult thicknesses = ParseThicknessCards("101\r\n", m);
+    EXPECT_TRUE(thicknesses.endProgram);
+    EXPECT_EQ(thicknesses.message, " Troppe schede di spessore ");
+    EXPECT_TRUE(ParseThicknessCards("0\r\n", m).message.empty());
+    EXPECT_TRUE(ParseSectionCards("", m).message.empty());
 
     test::TempDir dir;
-    EXPECT_EQ(ReadSectionCards(dir.path().string(), m, messages, ui).message,
+    EXPECT_EQ(ReadSectionCards(dir.path().string(), m).message,
               " Impossibile leggere il file " + dir.path().string() + "\\sezioni_");
 }
 

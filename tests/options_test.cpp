@@ -51,12 +51,10 @@ TEST(DisplayOptions, MissingFileGivesDefaultsShortFileLeavesOptionsUnset) {
 
 TEST(DisplayOptions, SavedOptionsReadBackTheSameAndFailuresSayMessage5) {
     test::TempDir dir;
-    MessageCatalogue messages;
-    FillMessageCatalogue(messages);
     DisplayOptions o;
     SetDefaultDisplayOptions(o);
     o.values[2] = OptionValue::Of(0.25);
-    EXPECT_EQ(WriteDisplayOptions(dir.path().string(), o, messages), " Opzioni salvate ");
+    EXPECT_EQ(WriteDisplayOptions(dir.path().string(), o), " Opzioni salvate ");
     std::string bytes = test::ReadBytes(dir.path() / "VorNOpzi.txt");
     EXPECT_EQ(bytes.substr(0, 15), "1\r\n0.25\r\n1\r\n4\r\n");
     DisplayOptions back;
@@ -65,20 +63,16 @@ TEST(DisplayOptions, SavedOptionsReadBackTheSameAndFailuresSayMessage5) {
         EXPECT_EQ(back.values[k].kind, o.values[k].kind) << k;
         EXPECT_EQ(back(k), o(k)) << k;
     }
-    EXPECT_EQ(WriteDisplayOptions((dir.path() / "none").string(), o, messages),
+    EXPECT_EQ(WriteDisplayOptions((dir.path() / "none").string(), o),
               " Problemi nel salvataggio delle opzioni ");
 }
 
 struct Dialogs : ::testing::Test {
-    Dialogs() {
-        FillMessageCatalogue(messages);
-        SetDefaultDisplayOptions(options);
-    }
+    Dialogs() { SetDefaultDisplayOptions(options); }
     test::TempDir dir;
-    MessageCatalogue messages;
     DisplayOptions options;
     test::RecordingUi ui;
-    FormOptDialog Open() { return FormOptDialog(options, dir.path().string(), messages, ui); }
+    FormOptDialog Open() { return FormOptDialog(options, dir.path().string(), ui); }
 };
 
 TEST_F(Dialogs, FormOptShowsTheOptionsWithItsFallbacksAndEnabling) {

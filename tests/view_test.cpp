@@ -1,6 +1,7 @@
 // Tests of the 3D view: projection, filters and fit, rendering, the stroke font and primitives,
 // the drawing buffers, and the navigation gestures through the window's commands.
 #include "app/commands.h"
+#include "app/dispatch.h"
 #include "app/draw_input.h"
 #include "projection/navigation.h"
 #include "projection/projection.h"
@@ -482,18 +483,18 @@ TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
 
     test::TempDir dir;
     const std::string folder = dir.path().string() + "\\progra";
-    test::RecordingUi ui;
     StrokeFont missing;
-    LoadStrokeFont(folder, missing, ui);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, "File " + folder + "\\font.001 inesistente!");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    auto message = LoadStrokeFont(folder, missing);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->text, "File " + folder + "\\font.001 inesistente!");
+    EXPECT_EQ(message->title, "ERRORE");
+    EXPECT_EQ(message->icon, MsgIcon::Critical);
     EXPECT_EQ(missing.glyphPointCount['A'], -1);
 
     dir.Write("progra/font.001", "99999\r\nA1030204050607080\r\n");
-    LoadStrokeFont(folder, missing, ui);
-    ASSERT_EQ(ui.messages.size(), 2u);
-    EXPECT_EQ(ui.messages[1].text, "Errore in lettura del file " + folder + "\\font.001 !");
+    message = LoadStrokeFont(folder, missing);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->text, "Errore in lettura del file " + folder + "\\font.001 !");
 }
 
 // The demo suite's font, built from the Hershey fonts, read back by the program's loader.
@@ -503,9 +504,7 @@ TEST(StrokeFont, BuiltFontLoadsWithinTheCell) {
         std::string(VORNA_DEMO_TOOL) + " " + dir.path().string() + " >/dev/null";
     ASSERT_EQ(std::system(command.c_str()), 0);
     StrokeFont font;
-    test::RecordingUi ui;
-    LoadStrokeFont(dir.path().string() + "\\progra", font, ui);
-    ASSERT_TRUE(ui.messages.empty());
+    ASSERT_FALSE(LoadStrokeFont(dir.path().string() + "\\progra", font));
     EXPECT_EQ(font.glyphNarrowing, 0);
     EXPECT_EQ(font.glyphPointCount[' '], -1);
     for (int c = 33; c <= 126; ++c) {
@@ -655,7 +654,6 @@ TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
     EXPECT_EQ(p.form.IntZ[0].text, "-3");
     EXPECT_EQ(p.form.IntY[1].text, "3");
     EXPECT_TRUE(p.form.LabCoord.visible);
-    EXPECT_FALSE(app.ui.busy);
     EXPECT_EQ(app.disegno.Sequence().substr(0, 2), "SC");
 
     // A half-typed angle keeps the last valid one; the view is redrawn all the same.
@@ -677,6 +675,34 @@ TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
     EXPECT_EQ(app.disegno.Of(CanvasCall::Clear).size(), 1u);
     VisCoord_Click(p);
     EXPECT_FALSE(p.form.LabCoord.visible || p.form.Label6.visible);
+}
+
+// The busy pointer belongs to the dispatch: on for the whole of each event, a gesture that ends
+// in a redraw included, and off after it; once the program ends nothing more runs.
+TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
+    App app(Square());
+    Program &p = *app.p;
+    std::vector<bool> seen;
+    auto press = [&](double x, double y) {
+        Dispatch(p, [&](Program &q) {
+            Disegno_MouseDown(q, kLeftButton, 0, x, y);
+            seen.push_back(app.ui.busy);
+        });
+        seen.push_back(app.ui.busy);
+    };
+    Dispatch(p, Sposta_Click);
+    press(0, 0);
+    press(10, 5); // the move: the view is drawn again
+    p.structureLoaded = false;
+    Dispatch(p, Sposta_Click);
+    press(0, 0);
+    press(10, 5);
+    EXPECT_EQ(seen, (std::vector<bool>{true, false, true, false, true, false, true, false}));
+
+    EndProgram(p, 0);
+    bool ran = false;
+    EXPECT_FALSE(Dispatch(p, [&](Program &) { ran = true; }));
+    EXPECT_FALSE(ran || app.ui.busy);
 }
 
 TEST(ViewCommands, ZoomRectangleEitherWayMoveAndFit) {

@@ -55,6 +55,8 @@ void SchVincolo_Click(Program &);
 void Tutto_Click(Program &);
 void ColourCommand(Program &, int code);
 void PointTypeCommand(Program &, int code);
+// A node with more bars than a connection can have, met while looking for analogous nodes.
+void WarnTooManyBars(Program &);
 // Every shown node with one of these names offered in turn, as picks of each would.
 void OfferNodesByName(Program &, const std::vector<int> &names);
 // The answer line closed and no way of selecting: the start of every selection command.

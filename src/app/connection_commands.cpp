@@ -4,6 +4,7 @@
 
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
+#include "model/messages.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -63,8 +64,8 @@ void ReadTypesFromLabels(Program &p) {
 bool ConfirmDroppingAnalogous(Program &p) {
     if (p.connection.analogousNodes.empty())
         return true;
-    if (p.ui.MessageBox(p.messages[24], "INFORMAZIONE", MsgIcon::None, MsgButtons::OkCancel) !=
-        MsgAnswer::Ok)
+    if (p.ui.MessageBox(MessageText(Msg::DropsAnalogousNodes), "INFORMAZIONE", MsgIcon::None,
+                        MsgButtons::OkCancel) != MsgAnswer::Ok)
         return false;
     ClearAnalogous(p.connection);
     return true;
@@ -114,7 +115,9 @@ void ChooseBaseNodeByPick(Program &p, int name) {
     SetBaseNodeByName(p.model, p.view, p.connection, name);
     if (p.connection.baseNode < 0)
         return;
-    GatherBaseBars(p.model, p.view, p.connection, p.ui, p.messages);
+    if (GatherBaseBars(p.model, p.view, p.connection) == BaseBarsResult::TooMany)
+        p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "INFORMAZIONE", MsgIcon::Exclamation,
+                        MsgButtons::Ok);
     RefreshListText(p);
     p.form.NodoBase.enabled = false;
     p.form.RimNodoBase.enabled = true;

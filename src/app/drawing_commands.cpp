@@ -39,10 +39,6 @@ SaveChoice ShowSaveDialog(Program &p, std::string_view filter, std::string initi
     return choice;
 }
 
-void Show(Program &p, const ExportMessage &m) {
-    p.ui.MessageBox(m.text, m.title, m.icon, MsgButtons::Ok);
-}
-
 } // namespace
 
 void SalvaDisegno_Click(Program &p) {
@@ -57,16 +53,14 @@ void SalvaDisegno_Click(Program &p) {
         return;
     // As on screen, nothing is drawn from a structure that failed to load.
     if (p.structureLoaded) {
-        p.ui.SetBusy(true);
         ExportDrawing(DrawInputOf(p), p.disegno, p.buffers);
         for (const std::string &warning : p.buffers.warnings)
             p.ui.MessageBox(warning, "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
-        p.ui.SetBusy(false);
     }
     if (choice.filterIndex == 1)
-        Show(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
+        ShowMessage(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
     else
-        Show(p, WriteDxf(choice.fileName, p.buffers, false));
+        ShowMessage(p, WriteDxf(choice.fileName, p.buffers, false));
 }
 
 } // namespace vorna

@@ -6,12 +6,14 @@
 #include "exchange/connection_file.h"
 #include "exchange/connection_input.h"
 #include "exchange/result_file.h"
+#include "model/messages.h"
 
 namespace vorna {
 namespace {
 
 void ShowCannotWrite(Program &p) {
-    p.ui.MessageBox(p.messages[7], "Problema", MsgIcon::Critical, MsgButtons::Ok);
+    p.ui.MessageBox(MessageText(Msg::CannotWriteOutput), "Problema", MsgIcon::Critical,
+                    MsgButtons::Ok);
 }
 
 // The program ends after a hand-back either way; its status tells the suite whether the file
@@ -34,11 +36,13 @@ void ExportResult(Program &p, ImportMode mode) {
 } // namespace
 
 void LoadConnectionInput(Program &p) {
-    switch (ReadConnectionInput(p.folders.jobFolder, p.input, p.ui, p.messages)) {
+    switch (ReadConnectionInput(p.folders.jobFolder, p.input)) {
     case InputResult::Missing:
         p.form.StringaSel.caption = "";
         break;
     case InputResult::TooManyTypes:
+        p.ui.MessageBox(MessageText(Msg::TooManyBarTypes), "Problema", MsgIcon::Critical,
+                        MsgButtons::Ok);
         EndProgram(p, 1);
         break;
     case InputResult::Read:

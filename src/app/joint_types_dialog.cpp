@@ -76,7 +76,8 @@ void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
     }
     ConnectionState head;
     head.baseNode = static_cast<std::int16_t>(catalogue_.types[row].nodes.front());
-    GatherBaseBars(p_.model, p_.view, head, p_.ui, p_.messages);
+    // A node with too many bars heads no type, so nothing here needs telling.
+    GatherBaseBars(p_.model, p_.view, head);
     std::fill(head.baseBarTypes.begin(), head.baseBarTypes.end(), std::int16_t{1});
     DrawBaseNodeSchema(p_.model, head, p_.input, canvas, false);
 }
@@ -95,15 +96,12 @@ bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {
 
 void TipiNodo_Click(Program &p) {
     JointTypeCatalogue catalogue;
-    if (p.structureLoaded) {
-        p.ui.SetBusy(true);
+    if (p.structureLoaded)
         catalogue = CatalogueJointTypes(p.model, p.view, p.connection.barIndex,
                                         AnalogyParametersOf(p.form));
-        p.ui.SetBusy(false);
-    }
     // Nodes with more bars than a connection can have belong to no type: said once.
     if (!catalogue.overcrowded.empty())
-        p.ui.MessageBox(p.messages[25], "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
+        WarnTooManyBars(p);
     JointTypesDialog dialog(p, std::move(catalogue));
     p.ui.RunDialog(dialog);
     if (dialog.chosen < 0)

@@ -28,7 +28,6 @@ void MovePress(Program &p, double x, double y) {
         line.visible = true;
         return;
     }
-    p.ui.SetBusy(true);
     MoveView(p.view, line.width - line.left, line.height - line.top);
     n.movePending = false;
     n.moveLineActive = false;
@@ -45,7 +44,6 @@ void FinishZoomRectangle(Program &p) {
     // A rectangle without width is ignored; the zoom stays pending for another one.
     if (!(shape.width > 0))
         return;
-    p.ui.SetBusy(true);
     p.view.zoomWindow = ZoomWindowOf({shape.left, shape.top, shape.width, shape.height});
     n.zoomWindowPending = false;
     RestoreSelectionModeDisplay(p);

@@ -7,7 +7,7 @@
 namespace vorna {
 
 void Trappola_Click(Program &p) {
-    FormOptIntDialog dialog(p.internalOptions, p.messages, p.ui);
+    FormOptIntDialog dialog(p.internalOptions, p.ui);
     p.ui.RunDialog(dialog);
     if (dialog.taken)
         p.form.Trappola.caption =
@@ -16,7 +16,7 @@ void Trappola_Click(Program &p) {
 
 // The new options apply from the next drawing of the view.
 void Rappresentazione_Click(Program &p) {
-    FormOptDialog dialog(p.displayOptions, p.folders.customFolder, p.messages, p.ui);
+    FormOptDialog dialog(p.displayOptions, p.folders.customFolder, p.ui);
     p.ui.RunDialog(dialog);
 }
 

@@ -5,7 +5,6 @@
 #include "app/folders.h"
 #include "app/form_vorna.h"
 #include "connection/connection_state.h"
-#include "model/messages.h"
 #include "model/structure_model.h"
 #include "options/options.h"
 #include "platform/canvas.h"
@@ -31,7 +30,6 @@ struct Program {
     Folders folders;
     DisplayOptions displayOptions;
     InternalOptions internalOptions;
-    MessageCatalogue messages;
     StructureModel model;
     bool structureLoaded = false;
 
@@ -51,5 +49,7 @@ struct Program {
 // Ends the program once control is back in the front end: 0 after a normal end, 1 after a
 // fatal start-up message.
 void EndProgram(Program &program, int status);
+// A message the core handed back, in a box with OK.
+void ShowMessage(Program &program, const UserMessage &message);
 
 } // namespace vorna

@@ -2,6 +2,7 @@
 // printing every message box as one line.
 #include "app/script_runner.h"
 
+#include "app/dispatch.h"
 #include "app/program.h"
 #include "app/script_verbs.h"
 #include "app/startup.h"
@@ -112,12 +113,14 @@ int RunScript(const std::filesystem::path &script, std::string_view commandLine,
     ui.session = &session;
     host.Attach(*program);
     host.Sync(*program);
-    RunStartUp(*program, commandLine);
+    Dispatch(*program, [&](Program &p) { RunStartUp(p, commandLine); });
     host.Sync(*program);
     std::string line;
     while (!program->exitRequested && session.NextLine(line)) {
-        if (!RunWindowLine(session, line))
-            session.Fail(line);
+        Dispatch(*program, [&](Program &) {
+            if (!RunWindowLine(session, line))
+                session.Fail(line);
+        });
         host.Sync(*program);
     }
     return program->exitRequested ? program->exitStatus : session.status;

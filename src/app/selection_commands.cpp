@@ -1,6 +1,7 @@
 // Commands of the selection: functions, ways of selecting, the answer line and the pick.
 #include "app/commands.h"
 
+#include "model/messages.h"
 #include "platform/number_text.h"
 #include "projection/visibility.h"
 #include "selection/designate.h"
@@ -17,7 +18,9 @@ constexpr int kEnterKey = 13;
 SelectionContext ContextOf(Program &p) {
     AnalogyParameters params = AnalogyParametersOf(p.form);
     return {p.model, p.view, p.connection, p.command.activeFunction, [&p, params](int node) {
-                TestAnalogy(p.model, p.view, p.connection, params, node, p.ui, p.messages);
+                if (TestAnalogy(p.model, p.view, p.connection, params, node) ==
+                    AnalogyOutcome::TooManyBars)
+                    WarnTooManyBars(p);
             }};
 }
 
@@ -57,7 +60,8 @@ void ShowSelection(Program &p, bool baseBarsExamined, bool sidePanel) {
 std::optional<std::vector<int>> ParseOrWarn(Program &p, std::string_view text, int capacity) {
     auto values = ParseSelectionString(text, capacity);
     if (!values)
-        p.ui.MessageBox(p.messages[19], "ERRORE", MsgIcon::Exclamation, MsgButtons::Ok);
+        p.ui.MessageBox(MessageText(Msg::SelectionTooLong), "ERRORE", MsgIcon::Exclamation,
+                        MsgButtons::Ok);
     return values;
 }
 
@@ -93,6 +97,11 @@ void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
 }
 
 } // namespace
+
+void WarnTooManyBars(Program &p) {
+    p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,
+                    MsgButtons::Ok);
+}
 
 void OfferNodesByName(Program &p, const std::vector<int> &names) {
     SelectionContext c = ContextOf(p);
@@ -208,7 +217,6 @@ void FinishWindowSelection(Program &p) {
     Control &shape = p.form.Shape;
     shape.visible = false;
     if (shape.width * shape.height > 0) {
-        p.ui.SetBusy(true);
         WindowCommand(p, shape.left, shape.top, shape.width, shape.height);
         // A window started by a click on empty space is used once.
         if (p.command.autoWindow) {
@@ -216,7 +224,6 @@ void FinishWindowSelection(Program &p) {
             ShowDirectSelection(p);
             EnableSelectionMenus(p);
         }
-        p.ui.SetBusy(false);
     }
     shape.width = 0;
     shape.height = 0;
@@ -227,7 +234,6 @@ void PickAt(Program &p, double x, double y) {
     if (p.command.selectionMode != SelectionMode::Direct || p.navigation.zoomWindowPending)
         return;
     const ActiveFunction function = p.command.activeFunction;
-    p.ui.SetBusy(true);
     p.navigation.pickRadius = PixelsToUnits(p.disegno, p.internalOptions(opt::kPickBoxSize));
     int name = PickElement(p.model, p.view, p.connection, function, x, y, p.navigation.pickRadius);
     if (name <= 0) {
@@ -245,7 +251,6 @@ void PickAt(Program &p, double x, double y) {
     } else {
         SelectByNameString(p, IntText(name));
     }
-    p.ui.SetBusy(false);
 }
 
 void Risposta_KeyDown(Program &p, int keyCode) {

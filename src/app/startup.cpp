@@ -15,17 +15,19 @@ void EndProgram(Program &program, int status) {
     program.ui.RequestExit(status);
 }
 
+void ShowMessage(Program &program, const UserMessage &message) {
+    program.ui.MessageBox(message.text, message.title, message.icon, MsgButtons::Ok);
+}
+
 namespace {
 
 // A catalogue that cannot be read is reported and start-up goes on; too many cards end it.
 bool Report(Program &p, const CatalogueResult &result) {
-    if (result.endProgram) {
-        EndProgram(p, 1);
-        return false;
-    }
     if (!result.message.empty())
-        p.ui.MessageBox(result.message, "Problema", MsgIcon::Critical, MsgButtons::Ok);
-    return true;
+        ShowMessage(p, {result.message, "Problema", MsgIcon::Critical});
+    if (result.endProgram)
+        EndProgram(p, 1);
+    return !result.endProgram;
 }
 
 } // namespace
@@ -37,7 +39,6 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     p.form.btnInterrompi.enabled = false;
     p.form.Shape.visible = false;
     LayOutForm(p);
-    p.ui.SetBusy(true);
     p.form.RimNodoBase.enabled = false;
     p.navigation.offsets = {};
 
@@ -52,31 +53,30 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     // The caption shows the size in force, so it follows the options file.
     p.form.Trappola.caption =
         "Trappola (" + NumberText(p.internalOptions(opt::kPickBoxSize)) + ")...";
-    FillMessageCatalogue(p.messages);
     LoadConnectionInput(p);
     if (p.exitRequested)
         return;
     p.form.caption = Trim(p.input.connectionDescription) + " - " + p.folders.jobFolder;
     LoadFont(p);
 
-    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model, p.messages, p.ui)) ||
-        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model, p.messages, p.ui)))
+    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model)) ||
+        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model)))
         return;
 
-    LoadResult loaded = LoadStructure(p.folders.jobFolder, p.model, p.ui);
-    if (loaded == LoadResult::EndProgram) {
+    const LoadResult loaded = LoadStructure(p.folders.jobFolder, p.model);
+    if (auto message = LoadMessage(loaded))
+        ShowMessage(p, *message);
+    if (loaded == LoadResult::OldVersion) {
         EndProgram(p, 1);
         return;
     }
-    if (loaded == LoadResult::NotRead) {
+    if (loaded != LoadResult::Loaded) {
         p.ui.MessageBox("Errore nella lettura della struttura", "Problema", MsgIcon::Critical,
                         MsgButtons::Ok);
-        p.ui.SetBusy(false);
         return;
     }
     p.structureLoaded = true;
     BuildFirstView(p);
-    p.ui.SetBusy(false);
 }
 
 } // namespace vorna

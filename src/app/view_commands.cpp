@@ -45,8 +45,7 @@ VisibilityFilter FilterOfForm(const Program &p) {
 }
 
 void SetViewScaleNow(Program &p) {
-    if (!SetViewScale(p.model, ListedOf(p.connection), FilterOfForm(p), p.view, p.disegno))
-        p.ui.SetBusy(false);
+    SetViewScale(p.model, ListedOf(p.connection), FilterOfForm(p), p.view, p.disegno);
 }
 
 // mode 1, 2, 3: one axis; 4: all three; anything else: nothing.
@@ -75,16 +74,12 @@ void DrawStructureNow(Program &p) {
     // drawn from them.
     if (!p.structureLoaded)
         return;
-    p.ui.SetBusy(true);
     DrawStructure(DrawInputOf(p), p.disegno);
-    p.ui.SetBusy(false);
 }
 
 void RedrawView(Program &p) {
-    if (!p.structureLoaded) {
-        p.ui.SetBusy(false); // a gesture may have asked for the busy pointer
+    if (!p.structureLoaded)
         return;
-    }
     ProjectFromAngles(p);
     SetViewScaleNow(p);
     DrawStructureNow(p);
@@ -132,7 +127,8 @@ void TuttoZ_Click(Program &p) {
 }
 
 void LoadFont(Program &p) {
-    LoadStrokeFont(p.folders.programsFolder, p.font, p.ui);
+    if (auto message = LoadStrokeFont(p.folders.programsFolder, p.font))
+        ShowMessage(p, *message);
 }
 
 void BuildFirstView(Program &p) {

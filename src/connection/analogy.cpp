@@ -207,23 +207,19 @@ AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const 
     return match;
 }
 
-int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                const AnalogyParameters &params, int candidate, Ui &ui,
-                const MessageCatalogue &messages) {
+AnalogyOutcome TestAnalogy(const StructureModel &model, const ViewState &view,
+                           ConnectionState &state, const AnalogyParameters &params, int candidate) {
     if (!HasUsableBaseNode(state) || !NodeInModel(model, candidate))
-        return 0;
+        return AnalogyOutcome::Rejected;
     KeepBarIndexCurrent(state.barIndex, model, view);
     std::vector<std::int16_t> candidateBars;
     BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[candidate].pointIndex,
                          candidateBars);
     const AnalogyMatch match = MatchAnalogy(model, BaseJoint(model, state),
                                             JointAt(model, candidate, candidateBars), params);
-    if (match.outcome == AnalogyOutcome::TooManyBars)
-        ui.MessageBox(messages[25], "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
-    if (match.outcome != AnalogyOutcome::Analogous)
-        return 0;
-    AppendAnalogous(state, match.record);
-    return 1;
+    if (match.outcome == AnalogyOutcome::Analogous)
+        AppendAnalogous(state, match.record);
+    return match.outcome;
 }
 
 } // namespace vorna

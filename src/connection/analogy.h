@@ -3,8 +3,6 @@
 
 #include "connection/connection_state.h"
 #include "connection/vec3.h"
-#include "model/messages.h"
-#include "platform/ui.h"
 #include "projection/view_state.h"
 
 #include <array>
@@ -61,12 +59,11 @@ struct AnalogyMatch {
 AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const Joint &candidate,
                           const AnalogyParameters &params);
 
-// 1 when the candidate was found analogous and appended (also when it was listed already).
+// Analogous when the candidate was found so and appended (also when it was listed already).
 // Without a usable base node (none chosen, or one with more than 100 bars) nothing is analogous.
-// A candidate with more than 100 bars gets message 25.
-int TestAnalogy(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                const AnalogyParameters &params, int candidate, Ui &ui,
-                const MessageCatalogue &messages);
+// A candidate with more than 100 bars is TooManyBars, which the user is told of.
+AnalogyOutcome TestAnalogy(const StructureModel &model, const ViewState &view,
+                           ConnectionState &state, const AnalogyParameters &params, int candidate);
 
 // The vector from the node along the bar to its far end; (0, 0, 0) for a bar of no length and,
 // here, also for a bar that has neither end on the node in space.

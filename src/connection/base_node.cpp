@@ -76,11 +76,11 @@ void SetBaseNodeByName(const StructureModel &model, const ViewState &view, Conne
         }
 }
 
-bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                    Ui &ui, const MessageCatalogue &messages) {
+BaseBarsResult GatherBaseBars(const StructureModel &model, const ViewState &view,
+                              ConnectionState &state) {
     state.baseBarCount = 0;
     if (state.baseNode < 0 || state.baseNode >= model.nodeCount)
-        return false;
+        return BaseBarsResult::NoBaseNode;
     KeepBarIndexCurrent(state.barIndex, model, view);
     std::vector<std::int16_t> bars;
     BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[state.baseNode].pointIndex, bars);
@@ -89,13 +89,12 @@ bool GatherBaseBars(const StructureModel &model, const ViewState &view, Connecti
             continue;
         if (state.baseBarCount == kMaxBaseBars) {
             state.baseBarCount = kTooManyBaseBars;
-            ui.MessageBox(messages[25], "INFORMAZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
-            return false;
+            return BaseBarsResult::TooMany;
         }
         state.baseBars[state.baseBarCount++] = b;
     }
     ResetAnalogousToBaseNode(state);
-    return true;
+    return BaseBarsResult::Gathered;
 }
 
 Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state, int k) {

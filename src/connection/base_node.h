@@ -4,9 +4,7 @@
 
 #include "connection/connection_state.h"
 #include "connection/vec3.h"
-#include "model/messages.h"
 #include "platform/canvas.h"
-#include "platform/ui.h"
 #include "projection/view_state.h"
 
 #include <array>
@@ -21,11 +19,13 @@ constexpr int kTypeLabels = 30;
 void SetBaseNodeByName(const StructureModel &model, const ViewState &view, ConnectionState &state,
                        int name);
 
+enum class BaseBarsResult { NoBaseNode, TooMany, Gathered };
+
 // The named bars (name > 0) with an end on the base node in the projection become the base
 // bars, in ascending order, and the list becomes the base node's own record. More than 100 such
-// bars: message 25, baseBarCount 101 and the list untouched; false.
-bool GatherBaseBars(const StructureModel &model, const ViewState &view, ConnectionState &state,
-                    Ui &ui, const MessageCatalogue &messages);
+// bars: TooMany, which the user is told of, with baseBarCount 101 and the list untouched.
+BaseBarsResult GatherBaseBars(const StructureModel &model, const ViewState &view,
+                              ConnectionState &state);
 
 // Far end of base bar k (0-based) minus the base node's point, in space: the second end when
 // the first lies on the node, otherwise the first.

@@ -24,8 +24,7 @@ void SplitBarType(std::string_view field, std::string &code, std::string &descri
 
 } // namespace
 
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui,
-                                 const MessageCatalogue &messages) {
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input) {
     TextCursor cursor{std::move(text), 0};
     std::string_view field;
     if (ReadLine(cursor, field))
@@ -38,10 +37,8 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
     if (!count)
         return InputResult::Read;
     const double types = RoundHalfEven(*count);
-    if (types >= kMaxBarTypes + 1) {
-        ui.MessageBox(messages[26], "Problema", MsgIcon::Critical, MsgButtons::Ok);
+    if (types >= kMaxBarTypes + 1)
         return InputResult::TooManyTypes;
-    }
     if (!(types >= 1))
         return InputResult::Read;
     input.barTypeCount = static_cast<int>(types);
@@ -50,15 +47,14 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &u
     return InputResult::Read;
 }
 
-InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui,
-                                const MessageCatalogue &messages) {
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input) {
     std::optional<std::string> text =
         ReadWholeFile(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
     if (!text) {
         input.connectionDescription.clear();
         return InputResult::Missing;
     }
-    return ParseConnectionInput(std::move(*text), input, ui, messages);
+    return ParseConnectionInput(std::move(*text), input);
 }
 
 } // namespace vorna

@@ -3,8 +3,6 @@
 #pragma once
 
 #include "connection/connection_state.h"
-#include "model/messages.h"
-#include "platform/ui.h"
 
 #include <string>
 #include <string_view>
@@ -14,13 +12,11 @@ namespace vorna {
 enum class InputResult {
     Read,
     Missing,      // no file: no description and no bar types, which is not an error
-    TooManyTypes, // more than 10 bar types: message shown, the program must end
+    TooManyTypes, // more than 10 bar types: the program must end
 };
 
 // Fields that cannot be read keep their values (empty text, 0 types).
-InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input, Ui &ui,
-                                const MessageCatalogue &messages);
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input, Ui &ui,
-                                 const MessageCatalogue &messages);
+InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input);
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input);
 
 } // namespace vorna

@@ -54,7 +54,7 @@ std::string DisFileText(const DrawBuffers &b, const DrawingExtent &extent, int f
     return out;
 }
 
-ExportMessage SaveDisDrawing(std::string_view fileName, DrawBuffers &buffers, int formatFlag) {
+UserMessage SaveDisDrawing(std::string_view fileName, DrawBuffers &buffers, int formatFlag) {
     const DrawingExtent extent = DrawingExtents(buffers);
     CleanDrawing(buffers);
     const std::string name(fileName);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "export/clean_drawing.h"
-#include "export/export_message.h"
+#include "platform/user_message.h"
 
 #include <string>
 #include <string_view>
@@ -15,6 +15,6 @@ std::string DisFileText(const DrawBuffers &buffers, const DrawingExtent &extent,
 
 // Takes the extents, cleans the buffers and writes the file; fileName is the Windows-1252 name
 // the save dialog returned. The message to show tells whether it was written.
-ExportMessage SaveDisDrawing(std::string_view fileName, DrawBuffers &buffers, int formatFlag);
+UserMessage SaveDisDrawing(std::string_view fileName, DrawBuffers &buffers, int formatFlag);
 
 } // namespace vorna

@@ -185,7 +185,7 @@ std::string DxfFileText(const DrawBuffers &b, bool monochrome) {
     return out;
 }
 
-ExportMessage WriteDxf(std::string_view fileName, const DrawBuffers &buffers, bool monochrome) {
+UserMessage WriteDxf(std::string_view fileName, const DrawBuffers &buffers, bool monochrome) {
     const std::string name(fileName);
     if (!WriteFileAtomic(NativePath(fileName), DxfFileText(buffers, monochrome)))
         return {"ERRORE: non riesco ad aprire il file " + name, "ERRORE", MsgIcon::Critical};

@@ -2,7 +2,7 @@
 // CIRCLE and ARC entities on layer "0".
 #pragma once
 
-#include "export/export_message.h"
+#include "platform/user_message.h"
 #include "view/draw_buffers.h"
 
 #include <cstdint>
@@ -27,6 +27,6 @@ void WriteDxfLine(std::string &out, double x1, double y1, double x2, double y2, 
 std::string DxfFileText(const DrawBuffers &buffers, bool monochrome);
 
 // Writes the file to the Windows-1252 name the save dialog returned; the message to show.
-ExportMessage WriteDxf(std::string_view fileName, const DrawBuffers &buffers, bool monochrome);
+UserMessage WriteDxf(std::string_view fileName, const DrawBuffers &buffers, bool monochrome);
 
 } // namespace vorna

@@ -1,6 +1,7 @@
 // Readers of the job's section catalogue "sezioni_" and thickness catalogue "spessori".
 #include "model/catalogues.h"
 
+#include "model/messages.h"
 #include "platform/native_path.h"
 #include "platform/number_text.h"
 #include "platform/text_file.h"
@@ -27,37 +28,29 @@ bool SkipFields(TextCursor &cursor, int count) {
     return true;
 }
 
-CatalogueResult TooMany(const std::string &text, Ui &ui) {
-    ui.MessageBox(text, "Problema", MsgIcon::Critical, MsgButtons::Ok);
-    return {"", true};
-}
-
 } // namespace
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
-                                   const MessageCatalogue &messages, Ui &ui) {
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\spessori";
     auto text = ReadWholeFile(NativePath(name));
     if (!text)
-        return {messages[3] + name, false};
-    return ParseThicknessCards(std::move(*text), model, messages, ui);
+        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
+    return ParseThicknessCards(std::move(*text), model);
 }
 
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
-                                 const MessageCatalogue &messages, Ui &ui) {
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\sezioni_";
     auto text = ReadWholeFile(NativePath(name));
     if (!text)
-        return {messages[3] + name, false};
-    return ParseSectionCards(std::move(*text), model, messages, ui);
+        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
+    return ParseSectionCards(std::move(*text), model);
 }
 
-CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
-                                    const MessageCatalogue &messages, Ui &ui) {
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
     TextCursor cursor{std::move(text), 0};
     int n = ReadCardCount(cursor);
     if (n > kMaxThicknessCards)
-        return TooMany(messages[1], ui);
+        return {std::string(MessageText(Msg::TooManyThicknessCards)), true};
     model.thicknessCardCount = 0;
     for (int k = 0; k < n; ++k) {
         std::string_view thickness;
@@ -71,12 +64,11 @@ CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
     return {};
 }
 
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model,
-                                  const MessageCatalogue &messages, Ui &ui) {
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
     TextCursor cursor{std::move(text), 0};
     int n = ReadCardCount(cursor);
     if (n > kMaxSectionCards)
-        return TooMany(messages[2], ui);
+        return {std::string(MessageText(Msg::TooManySectionCards)), true};
     for (int k = 0; k < n; ++k) {
         std::string_view name;
         if (!SkipFields(cursor, 1) || !ReadTextField(cursor, name))

@@ -1,9 +1,7 @@
 // Readers of the job's section catalogue "sezioni_" and thickness catalogue "spessori".
 #pragma once
 
-#include "model/messages.h"
 #include "model/structure_model.h"
-#include "platform/ui.h"
 
 #include <string>
 #include <string_view>
@@ -11,19 +9,15 @@
 namespace vorna {
 
 struct CatalogueResult {
-    std::string message;     // shown by start-up when not empty; start-up goes on
-    bool endProgram = false; // too many cards: the message was shown and the program must end
+    std::string message;     // shown by start-up when not empty
+    bool endProgram = false; // too many cards: after the message the program must end
 };
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
-                                   const MessageCatalogue &messages, Ui &ui);
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
-                                 const MessageCatalogue &messages, Ui &ui);
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model);
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model);
 
 // The same over the files' bytes.
-CatalogueResult ParseThicknessCards(std::string text, StructureModel &model,
-                                    const MessageCatalogue &messages, Ui &ui);
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model,
-                                  const MessageCatalogue &messages, Ui &ui);
+CatalogueResult ParseThicknessCards(std::string text, StructureModel &model);
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model);
 
 } // namespace vorna

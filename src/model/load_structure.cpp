@@ -94,21 +94,18 @@ std::size_t SplitTokens(std::string_view line, Tokens &tokens) {
     return n;
 }
 
-LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model, Ui &ui) {
+LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
     auto text = ReadWholeFile(NativePath(std::string(jobFolder) + "\\STRUTTUR.STR"));
     if (!text)
         return LoadResult::NotRead;
-    return ParseStructure(std::move(*text), model, ui);
+    return ParseStructure(std::move(*text), model);
 }
 
-LoadResult ParseStructure(std::string text, StructureModel &model, Ui &ui) {
+LoadResult ParseStructure(std::string text, StructureModel &model) {
     TextCursor cursor{std::move(text), 0};
     std::string_view version;
-    if (!ReadLine(cursor, version) || LowerCase(version).find("release") == std::string::npos) {
-        ui.MessageBox("Versione 3.8 o precedente. Caricare e risalvare la struttura in 'Telaris'",
-                      "Attenzione", MsgIcon::Critical, MsgButtons::Ok);
-        return LoadResult::EndProgram;
-    }
+    if (!ReadLine(cursor, version) || LowerCase(version).find("release") == std::string::npos)
+        return LoadResult::OldVersion;
     Tokens t;
 
     if (!ReadCount(cursor, model.pointCount, kPointCapacity))
@@ -131,11 +128,8 @@ LoadResult ParseStructure(std::string text, StructureModel &model, Ui &ui) {
         }
         if (ReadTokenLine(cursor, t)) {
             double name = RoundHalfEven(LeadingNumber(t[0]));
-            if (name > 32000) {
-                ui.MessageBox("Nome nodo maggiore di 32000.", "ERRORE IN STRUTTUR.STR",
-                              MsgIcon::Exclamation, MsgButtons::Ok);
-                return LoadResult::NotRead;
-            }
+            if (name > 32000)
+                return LoadResult::NodeNameTooLarge;
             SetInt16(n.name, t[0]);
             SetInt16(n.constraintCard, t[1]);
         }
@@ -174,6 +168,22 @@ LoadResult ParseStructure(std::string text, StructureModel &model, Ui &ui) {
         SkipLines(cursor, 1);
     SkipLines(cursor, 2);
     return LoadResult::Loaded;
+}
+
+std::optional<UserMessage> LoadMessage(LoadResult result) {
+    switch (result) {
+    case LoadResult::OldVersion:
+        return UserMessage{
+            "Versione 3.8 o precedente. Caricare e risalvare la struttura in 'Telaris'",
+            "Attenzione", MsgIcon::Critical};
+    case LoadResult::NodeNameTooLarge:
+        return UserMessage{"Nome nodo maggiore di 32000.", "ERRORE IN STRUTTUR.STR",
+                           MsgIcon::Exclamation};
+    case LoadResult::Loaded:
+    case LoadResult::NotRead:
+        break;
+    }
+    return std::nullopt;
 }
 
 } // namespace vorna

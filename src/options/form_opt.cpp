@@ -2,6 +2,7 @@
 // of their controls.
 #include "options/form_opt.h"
 
+#include "model/messages.h"
 #include "platform/number_text.h"
 
 #include <cmath>
@@ -145,7 +146,7 @@ void FormOptDialog::ForEachControl(const std::function<void(std::string_view, Co
 void FormOptDialog::Click(std::string_view control) {
     if (control == "Salva") {
         AggiornaOpzioni(form, options_);
-        ui_.MessageBox(WriteDisplayOptions(customFolder_, options_, messages_), "INFORMAZIONE",
+        ui_.MessageBox(WriteDisplayOptions(customFolder_, options_), "INFORMAZIONE",
                        MsgIcon::Exclamation, MsgButtons::Ok);
     } else if (control == "Chiudi") {
         AggiornaOpzioni(form, options_);
@@ -185,9 +186,7 @@ double PickBoxSizeOf(std::string_view typed) {
     return std::isfinite(size) ? size : 0;
 }
 
-FormOptIntDialog::FormOptIntDialog(InternalOptions &options, const MessageCatalogue &messages,
-                                   Ui &ui)
-    : options_(options), messages_(messages), ui_(ui) {
+FormOptIntDialog::FormOptIntDialog(InternalOptions &options, Ui &ui) : options_(options), ui_(ui) {
     StartControls(FormOptIntRows(), form);
     form.TextTrappola.text = NumberText(options(opt::kPickBoxSize));
 }
@@ -202,7 +201,8 @@ void FormOptIntDialog::Click(std::string_view control) {
     double &size = options_.values[opt::kPickBoxSize];
     size = PickBoxSizeOf(form.TextTrappola.text);
     if (size == 0) // kept all the same: direct selection then picks nothing
-        ui_.MessageBox(messages_[18], "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
+        ui_.MessageBox(MessageText(Msg::NoDirectPickWithoutBox), "ATTENZIONE", MsgIcon::Exclamation,
+                       MsgButtons::Ok);
     taken = true;
     closed = true;
 }

@@ -3,7 +3,6 @@
 // through the Dialog interface and forward the user's actions.
 #pragma once
 
-#include "model/messages.h"
 #include "options/options.h"
 #include "platform/dialog.h"
 #include "platform/ui.h"
@@ -44,10 +43,9 @@ void AggiornaOpzioni(const FormOpt &form, DisplayOptions &options);
 // and closes; the Modifica buttons ask the colour chooser; Esc closes without a change.
 class FormOptDialog : public Dialog {
 public:
-    FormOptDialog(DisplayOptions &options, std::string customFolder,
-                  const MessageCatalogue &messages, Ui &ui)
+    FormOptDialog(DisplayOptions &options, std::string customFolder, Ui &ui)
         : form(LoadFormOpt(options)), options_(options), customFolder_(std::move(customFolder)),
-          messages_(messages), ui_(ui) {}
+          ui_(ui) {}
 
     std::string_view Name() const override { return "FormOpt"; }
     std::string_view Caption() const override { return "Opzioni di rappresentazione"; }
@@ -60,7 +58,6 @@ public:
 private:
     DisplayOptions &options_;
     std::string customFolder_;
-    const MessageCatalogue &messages_;
     Ui &ui_;
 };
 
@@ -72,7 +69,7 @@ double PickBoxSizeOf(std::string_view typed);
 // it is 0; Esc closes without a change.
 class FormOptIntDialog : public Dialog {
 public:
-    FormOptIntDialog(InternalOptions &options, const MessageCatalogue &messages, Ui &ui);
+    FormOptIntDialog(InternalOptions &options, Ui &ui);
 
     std::string_view Name() const override { return "FormOptInt"; }
     std::string_view Caption() const override { return "Opzioni"; }
@@ -84,7 +81,6 @@ public:
 
 private:
     InternalOptions &options_;
-    const MessageCatalogue &messages_;
     Ui &ui_;
 };
 

@@ -2,6 +2,7 @@
 // ("VorOpInt.txt", read only) of the suite's custom folder.
 #include "options/options.h"
 
+#include "model/messages.h"
 #include "platform/native_path.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -109,11 +110,10 @@ std::string DisplayOptionsText(const DisplayOptions &options) {
     return out;
 }
 
-std::string WriteDisplayOptions(std::string_view customFolder, const DisplayOptions &options,
-                                const MessageCatalogue &messages) {
+std::string_view WriteDisplayOptions(std::string_view customFolder, const DisplayOptions &options) {
     bool ok = WriteFileAtomic(NativePath(FileName(customFolder, "VorNOpzi.txt")),
                               DisplayOptionsText(options));
-    return ok ? messages[6] : messages[5];
+    return MessageText(ok ? Msg::OptionsSaved : Msg::OptionsNotSaved);
 }
 
 } // namespace vorna

@@ -2,8 +2,6 @@
 // ("VorOpInt.txt", read only) of the suite's custom folder.
 #pragma once
 
-#include "model/messages.h"
-
 #include <array>
 #include <string>
 #include <string_view>
@@ -61,9 +59,8 @@ void ParseDisplayOptions(std::string text, DisplayOptions &options);
 void ReadInternalOptions(std::string_view customFolder, InternalOptions &options);
 void ParseInternalOptions(std::string_view text, InternalOptions &options);
 
-// Writes the 30 options, one per line; returns message 5 (failure) or 6 (saved).
-std::string WriteDisplayOptions(std::string_view customFolder, const DisplayOptions &options,
-                                const MessageCatalogue &messages);
+// Writes the 30 options, one per line; returns the message that says whether they were saved.
+std::string_view WriteDisplayOptions(std::string_view customFolder, const DisplayOptions &options);
 std::string DisplayOptionsText(const DisplayOptions &options);
 
 } // namespace vorna

@@ -1,6 +1,8 @@
 // Everything that waits for the user or leaves the process, as the core sees it.
 #pragma once
 
+#include "platform/user_message.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,7 +12,6 @@ namespace vorna {
 
 class Dialog;
 
-enum class MsgIcon { None = 0, Critical = 16, Exclamation = 48, Information = 64 };
 enum class MsgButtons { Ok, OkCancel };
 enum class MsgAnswer { Ok, Cancel };
 

@@ -26,7 +26,7 @@ struct PickCandidate {
 // Nodes for every function but "Rimuovi aste base", which picks bars; nothing with no function.
 PickKind PickKindOf(ActiveFunction function);
 
-// NodePickDistance, shared with the coordinate read-out, is in view/navigation.h.
+// NodePickDistance, shared with the coordinate read-out, is in projection/navigation.h.
 // True when (x, y) is within the radius of the projected bar and not beyond its ends. A bar
 // seen end-on is never inside.
 bool BarPickDistance(const StructureModel &model, const ViewState &view, int bar, double x,

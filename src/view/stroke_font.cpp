@@ -56,19 +56,17 @@ bool ParseStrokeFont(std::string text, StrokeFont &font) {
     return true;
 }
 
-void LoadStrokeFont(std::string_view programsFolder, StrokeFont &font, Ui &ui) {
+std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font) {
     std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
     const std::string name = std::string(programsFolder) + "\\font.001";
     const auto path = NativePath(name);
-    if (!FileExists(path)) {
-        ui.MessageBox("File " + name + " inesistente!", "ERRORE", MsgIcon::Critical,
-                      MsgButtons::Ok);
-        return;
-    }
+    if (!FileExists(path))
+        return UserMessage{"File " + name + " inesistente!", "ERRORE", MsgIcon::Critical};
     auto bytes = ReadWholeFile(path);
     if (!bytes || !ParseStrokeFont(std::move(*bytes), font))
-        ui.MessageBox("Errore in lettura del file " + name + " !", "ERRORE", MsgIcon::Critical,
-                      MsgButtons::Ok);
+        return UserMessage{"Errore in lettura del file " + name + " !", "ERRORE",
+                           MsgIcon::Critical};
+    return std::nullopt;
 }
 
 void DrawText(const StrokeFont &font, std::string_view text, double x, double y, int angle,

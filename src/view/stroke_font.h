@@ -2,18 +2,19 @@
 #pragma once
 
 #include "platform/canvas.h"
-#include "platform/ui.h"
+#include "platform/user_message.h"
 #include "view/draw_buffers.h"
 #include "view/primitives.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace vorna {
 
-// Reads programsFolder + "\font.001" into font; a missing or unreadable file is reported
-// through ui and leaves the glyphs read so far (none when missing).
-void LoadStrokeFont(std::string_view programsFolder, StrokeFont &font, Ui &ui);
+// Reads programsFolder + "\font.001" into font. A missing or unreadable file leaves the glyphs
+// read so far (none when missing) and gives the message to show.
+std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font);
 // The file's bytes into font. False on a read error (the glyphs read so far stay).
 bool ParseStrokeFont(std::string text, StrokeFont &font);
 

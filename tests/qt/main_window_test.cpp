@@ -192,6 +192,13 @@ TEST_F(WindowTest, KeysEscapeAndShortcutsOverTextBoxes) {
     EXPECT_TRUE(copy.isAccepted());
 }
 
+TEST_F(WindowTest, EveryEventRunsUnderTheBusyPointer) {
+    bool busy = false;
+    window.Run([&](Program &) { busy = ui.busy; });
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(ui.busy);
+}
+
 TEST_F(WindowTest, TheProgramEndsWithItsStatus) {
     Action("&Esci")->trigger();
     EXPECT_TRUE(program->exitRequested);

@@ -2,6 +2,7 @@
 #include "ui/qt/main_window.h"
 
 #include "app/commands.h"
+#include "app/dispatch.h"
 #include "ui/qt/qt_ui.h"
 
 #include <QAction>
@@ -171,7 +172,7 @@ void MainWindow::Run(const std::function<void(Program &)> &command) {
     running_ = true;
     for (Binding &b : bindings_)
         ReadBinding(b);
-    command(*program_);
+    Dispatch(*program_, command);
     running_ = false;
     SyncFromForm();
     if (program_->exitRequested)

@@ -41,6 +41,18 @@ QtUi::~QtUi() {
     SetBusy(false);
 }
 
+// A dialog waits for the user, which the busy pointer would hide: it comes back once the dialog
+// has closed.
+template <typename Show> auto QtUi::WithoutBusy(Show show) {
+    struct Restore {
+        QtUi &ui;
+        bool busy;
+        ~Restore() { ui.SetBusy(busy); }
+    } restore{*this, busy_};
+    SetBusy(false);
+    return show();
+}
+
 MsgAnswer QtUi::MessageBox(std::string_view text, std::string_view title, MsgIcon icon,
                            MsgButtons buttons) {
     QMessageBox::Icon shown = QMessageBox::NoIcon;
@@ -55,11 +67,7 @@ MsgAnswer QtUi::MessageBox(std::string_view text, std::string_view title, MsgIco
                                                     : QMessageBox::Ok,
                     parent_);
     box.setEscapeButton(buttons == MsgButtons::OkCancel ? QMessageBox::Cancel : QMessageBox::Ok);
-    // The busy pointer would hide that the box waits for the user.
-    bool wasBusy = busy_;
-    SetBusy(false);
-    int answer = box.exec();
-    SetBusy(wasBusy);
+    const int answer = WithoutBusy([&] { return box.exec(); });
     return answer == QMessageBox::Cancel ? MsgAnswer::Cancel : MsgAnswer::Ok;
 }
 
@@ -71,8 +79,10 @@ std::optional<SaveDialogResult> QtUi::SaveFile(const SaveDialogRequest &request)
         start = start.isEmpty() ? folder : folder + '/' + start;
     }
     QString chosenFilter = filters.isEmpty() ? QString() : filters.front();
-    QString name = QFileDialog::getSaveFileName(parent_, ToQString(request.title), start,
-                                                filters.join(";;"), &chosenFilter);
+    const QString name = WithoutBusy([&] {
+        return QFileDialog::getSaveFileName(parent_, ToQString(request.title), start,
+                                            filters.join(";;"), &chosenFilter);
+    });
     if (name.isEmpty())
         return std::nullopt;
     qsizetype index = filters.indexOf(chosenFilter);
@@ -80,7 +90,8 @@ std::optional<SaveDialogResult> QtUi::SaveFile(const SaveDialogRequest &request)
 }
 
 std::optional<std::uint32_t> QtUi::ChooseColour(std::uint32_t initial) {
-    QColor chosen = QColorDialog::getColor(ColourOf(initial), parent_);
+    const QColor chosen =
+        WithoutBusy([&] { return QColorDialog::getColor(ColourOf(initial), parent_); });
     if (!chosen.isValid())
         return std::nullopt;
     return PackRgb(chosen.red(), chosen.green(), chosen.blue());
@@ -88,10 +99,7 @@ std::optional<std::uint32_t> QtUi::ChooseColour(std::uint32_t initial) {
 
 void QtUi::RunDialog(Dialog &dialog) {
     DialogWindow window(dialog, parent_);
-    bool wasBusy = busy_;
-    SetBusy(false);
-    window.exec();
-    SetBusy(wasBusy);
+    WithoutBusy([&] { window.exec(); });
 }
 
 void QtUi::SetBusy(bool busy) {

@@ -25,6 +25,9 @@ public:
     void RequestExit(int status) override;
 
 private:
+    // Runs show, which opens a dialog, with the busy pointer off.
+    template <typename Show> auto WithoutBusy(Show show);
+
     QWidget *parent_;
     bool busy_ = false;
 };

@@ -1,0 +1,27 @@
+// How the front ends run what the user does: one command, event or start-up at a time, under the
+// busy pointer from its start to its end.
+#pragma once
+
+#include "app/program.h"
+
+#include <functional>
+
+namespace vorna {
+
+// The busy pointer for as long as it lives. Its owner is the dispatch: a command never turns
+// the pointer on or off itself, so none can leave it on.
+class BusyPointer {
+public:
+    explicit BusyPointer(Ui &ui) : ui_(ui) { ui_.SetBusy(true); }
+    ~BusyPointer() { ui_.SetBusy(false); }
+    BusyPointer(const BusyPointer &) = delete;
+    BusyPointer &operator=(const BusyPointer &) = delete;
+
+private:
+    Ui &ui_;
+};
+
+// Runs action under the busy pointer; false, without running it, once the program is ending.
+bool Dispatch(Program &program, const std::function<void(Program &)> &action);
+
+} // namespace vorna
