@@ -66,6 +66,26 @@ TEST(ScriptLanguage, ALineThatDoesNotFitFailsWholeAndChangesNothing) {
     EXPECT_TRUE(Has(r.out, "analLun.checked=1"));
 }
 
+// The side bar's "Tutto" buttons refill their own interval from the model and no other.
+TEST(ScriptLanguage, ASideBarButtonRefillsItsInterval) {
+    test::DemoSuite suite;
+    Outcome r = RunIn(suite, "dump controls\nset IntX(0) 7\nset IntX(1) 8\nset IntY(0) 9\n"
+                             "button TuttoX\ndump controls\n");
+    EXPECT_EQ(r.status, 0) << r.out;
+    auto value = [&](const std::string &key, std::size_t from) {
+        const std::size_t at = r.out.find("\n" + key + "=", from);
+        return at == std::string::npos
+                   ? std::string()
+                   : r.out.substr(at + key.size() + 2,
+                                  r.out.find('\n', at + 1) - at - key.size() - 2);
+    };
+    const std::size_t second = r.out.find("IntX(0).text=", r.out.find("IntX(0).text=") + 1);
+    ASSERT_NE(second, std::string::npos) << r.out;
+    EXPECT_EQ(value("IntX(0).text", second - 1), value("IntX(0).text", 0));
+    EXPECT_EQ(value("IntX(1).text", second - 1), value("IntX(1).text", 0));
+    EXPECT_EQ(value("IntY(0).text", second - 1), "9");
+}
+
 TEST(ScriptLanguage, AHandBackThatCannotBeWrittenEndsWithStatusOne) {
     test::DemoSuite suite;
     std::filesystem::create_directories(suite.job() / "VornaOut.txt"); // a folder in its place

@@ -34,6 +34,14 @@ bool IsToolbarButton(std::string_view key) {
     return Find(RowKind::Button, key) != nullptr;
 }
 
+bool IsCommandButton(std::string_view name) {
+    return Find(RowKind::Command, name) != nullptr;
+}
+
+bool RunCommandButton(Program &p, std::string_view name) {
+    return Run(p, Find(RowKind::Command, name));
+}
+
 bool RunMenuItem(Program &p, std::string_view menuItem) {
     return Run(p, Find(RowKind::MenuItem, menuItem));
 }

@@ -10,13 +10,16 @@
 
 namespace vorna {
 
-// The menu items and icon-bar buttons come from the form's table (FormVornaRows).
+// The menu items, icon-bar buttons and push buttons come from the form's table (FormVornaRows).
 bool IsMenuItem(std::string_view name);
 bool IsToolbarButton(std::string_view key);
+bool IsCommandButton(std::string_view name);
 // Runs the command of a menu item by name, when it exists and is enabled. False otherwise.
 bool RunMenuItem(Program &program, std::string_view menuItem);
 // Runs the command of an icon-bar key, when the button is enabled; unknown keys do nothing.
 bool RunToolbarButton(Program &program, std::string_view key);
+// Runs the command of a push button on the form (TuttoX), when it is enabled.
+bool RunCommandButton(Program &program, std::string_view name);
 
 // Menu and button handlers, grouped by the file that implements them.
 // view_commands.cpp

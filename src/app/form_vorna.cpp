@@ -65,6 +65,12 @@ std::span<const FormRow> FormVornaRows() {
      .start = {.tooltip = (tip)},                                                                  \
      .parent = #bar,                                                                               \
      .run = (command)},
+#define VORNA_COMMAND(id, label, command)                                                          \
+    {.kind = RowKind::Command,                                                                     \
+     .name = #id,                                                                                  \
+     .controls = ControlsOf<&Form::id>,                                                            \
+     .start = {.caption = (label)},                                                                \
+     .run = (command)},
 #define VORNA_BUTTON_GAP(bar) {.kind = RowKind::Gap, .name = "", .parent = #bar},
 #include "app/form_vorna_controls.h"
     };

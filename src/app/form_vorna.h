@@ -30,6 +30,7 @@ struct FormVorna {
 #define VORNA_MENU VORNA_CONTROL_FIELD
 #define VORNA_SUBMENU VORNA_CONTROL_FIELD
 #define VORNA_MENU_ITEM VORNA_CONTROL_FIELD
+#define VORNA_COMMAND VORNA_CONTROL_FIELD
 #define VORNA_BUTTON(key, ...) Control btn##key;
 #include "app/form_vorna_controls.h"
 };

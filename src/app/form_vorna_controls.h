@@ -19,6 +19,9 @@
 #ifndef VORNA_MENU_ITEM
 #define VORNA_MENU_ITEM(name, menu, caption, shortcut, run, ...)
 #endif
+#ifndef VORNA_COMMAND
+#define VORNA_COMMAND(name, caption, run)
+#endif
 #ifndef VORNA_BUTTON
 #define VORNA_BUTTON(key, bar, tooltip, run)
 #endif
@@ -85,9 +88,9 @@ VORNA_ARRAY(IntX, 0, 1)
 VORNA_ARRAY(IntY, 0, 1)
 VORNA_ARRAY(IntZ, 0, 1)
 VORNA_ARRAY(Label4, 0, 2, .caption = "-") // between the interval boxes
-VORNA_CONTROL(TuttoX, .caption = "Tutto")
-VORNA_CONTROL(TuttoY, .caption = "Tutto")
-VORNA_CONTROL(TuttoZ, .caption = "Tutto")
+VORNA_COMMAND(TuttoX, "Tutto", TuttoX_Click)
+VORNA_COMMAND(TuttoY, "Tutto", TuttoY_Click)
+VORNA_COMMAND(TuttoZ, "Tutto", TuttoZ_Click)
 
 // Base-node schema and its bar-type labels.
 VORNA_CONTROL(Label7, .caption = "Schema del nodo base")
@@ -178,5 +181,6 @@ VORNA_MENU_ITEM(Rappresentazione, Opzioni, "O&pzioni...", "", Rappresentazione_C
 #undef VORNA_MENU
 #undef VORNA_SUBMENU
 #undef VORNA_MENU_ITEM
+#undef VORNA_COMMAND
 #undef VORNA_BUTTON
 #undef VORNA_BUTTON_GAP

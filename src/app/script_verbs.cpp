@@ -210,10 +210,12 @@ bool Resize(Session &s, const ScriptArgs &a) {
     return true;
 }
 
+// An icon-bar key first; the form's push buttons have other names.
 bool Button(Session &s, const ScriptArgs &a) {
-    if (!IsToolbarButton(a.text[0]))
+    const bool onBar = IsToolbarButton(a.text[0]);
+    if (!onBar && !IsCommandButton(a.text[0]))
         return false;
-    if (!RunToolbarButton(s.p, a.text[0]))
+    if (!(onBar ? RunToolbarButton(s.p, a.text[0]) : RunCommandButton(s.p, a.text[0])))
         s.out << "ignored|button " << Cp1252ToUtf8(a.text[0]) << '\n';
     return true;
 }
@@ -430,7 +432,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          Resize},
         {"button",
          "`button KEY`",
-         "an icon-bar button by its key, e.g. `button Zoom`",
+         "an icon-bar button by its key, e.g. `button Zoom`, or a side-bar button: `TuttoX`, "
+         "`TuttoY`, `TuttoZ`",
          {kWord},
          Button},
         {"answer",

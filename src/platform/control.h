@@ -51,6 +51,7 @@ enum class RowKind {
     Menu,     // a menu of the menu bar (no parent) or a submenu of its parent
     MenuItem, // an item of its parent menu, running a command
     Button,   // an icon-bar button of its parent bar, named by its key, running a command
+    Command,  // a push button on the form, running a command
     Gap,      // the end of a group of buttons in its parent bar
 };
 

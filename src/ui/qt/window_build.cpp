@@ -105,7 +105,6 @@ void MainWindow::BuildSideBar(QWidget *client) {
     grid->setHorizontalSpacing(4);
     grid->setVerticalSpacing(2);
     const char *axes[] = {"X", "Y", "Z"};
-    const std::array<void (*)(Program &), 3> reset = {TuttoX_Click, TuttoY_Click, TuttoZ_Click};
     for (int k = 0; k < 3; ++k) {
         std::string axis = axes[k];
         grid->addWidget(
@@ -118,8 +117,10 @@ void MainWindow::BuildSideBar(QWidget *client) {
         grid->addWidget(Bind("Int" + axis + "(1)", new QLineEdit(frameAtt), BindingStyle::Plain), k,
                         3);
         auto *all = new QPushButton(frameAtt);
-        connect(all, &QPushButton::clicked, this, [this, command = reset[k]] { Run(command); });
-        grid->addWidget(Bind("Tutto" + axis, all, BindingStyle::Plain), k, 4);
+        const std::string name = "Tutto" + axis;
+        connect(all, &QPushButton::clicked, this,
+                [this, name] { Run([&](Program &p) { RunCommandButton(p, name); }); });
+        grid->addWidget(Bind(name, all, BindingStyle::Plain), k, 4);
     }
     att->addLayout(grid);
     att->addStretch();
