@@ -678,7 +678,8 @@ TEST(ViewCommands, StartUpViewIntervalsAnglesAndToggles) {
 }
 
 // The busy pointer belongs to the dispatch: on for the whole of each event, a gesture that ends
-// in a redraw included, and off after it; once the program ends nothing more runs.
+// in a redraw included, and off after it, mouse moves apart; once the program ends nothing more
+// runs.
 TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
     App app(Square());
     Program &p = *app.p;
@@ -698,6 +699,11 @@ TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
     press(0, 0);
     press(10, 5);
     EXPECT_EQ(seen, (std::vector<bool>{true, false, true, false, true, false, true, false}));
+    // Mouse moves leave the pointer as it is.
+    bool busyDuringMove = true;
+    Dispatch(
+        p, [&](Program &) { busyDuringMove = app.ui.busy; }, BusyWhile::Never);
+    EXPECT_FALSE(busyDuringMove);
 
     EndProgram(p, 0);
     bool ran = false;

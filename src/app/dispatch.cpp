@@ -4,10 +4,12 @@
 
 namespace vorna {
 
-bool Dispatch(Program &p, const std::function<void(Program &)> &action) {
+bool Dispatch(Program &p, const std::function<void(Program &)> &action, BusyWhile busyWhile) {
     if (p.exitRequested)
         return false;
-    const BusyPointer busy(p.ui);
+    std::optional<BusyPointer> busy;
+    if (busyWhile == BusyWhile::Event)
+        busy.emplace(p.ui);
     action(p);
     return true;
 }

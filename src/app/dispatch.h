@@ -5,6 +5,7 @@
 #include "app/program.h"
 
 #include <functional>
+#include <optional>
 
 namespace vorna {
 
@@ -21,7 +22,13 @@ private:
     Ui &ui_;
 };
 
-// Runs action under the busy pointer; false, without running it, once the program is ending.
-bool Dispatch(Program &program, const std::function<void(Program &)> &action);
+// Whether an event shows the busy pointer. Mouse moves do not: they come by the hundred, each
+// gives its feedback at once, and a pointer switched at every one would flicker.
+enum class BusyWhile { Event, Never };
+
+// Runs action, under the busy pointer unless told otherwise; false, without running it, once
+// the program is ending.
+bool Dispatch(Program &program, const std::function<void(Program &)> &action,
+              BusyWhile busyWhile = BusyWhile::Event);
 
 } // namespace vorna

@@ -165,14 +165,14 @@ void MainWindow::SyncOverlays() {
     disegno_->SetOverlays(overlays);
 }
 
-void MainWindow::Run(const std::function<void(Program &)> &command) {
+void MainWindow::Run(const std::function<void(Program &)> &command, BusyWhile busyWhile) {
     // A command never runs inside another (a message box's own loop may deliver events).
     if (!program_ || running_ || program_->exitRequested)
         return;
     running_ = true;
     for (Binding &b : bindings_)
         ReadBinding(b);
-    Dispatch(*program_, command);
+    Dispatch(*program_, command, busyWhile);
     running_ = false;
     SyncFromForm();
     if (program_->exitRequested)
@@ -195,7 +195,8 @@ void MainWindow::DisegnoMouse(QMouseEvent *event, int kind) {
         break;
     case 1: {
         const int buttons = ButtonsMask(event->buttons());
-        Run([&](Program &p) { Disegno_MouseMove(p, buttons, shift, at.x(), at.y()); });
+        Run([&](Program &p) { Disegno_MouseMove(p, buttons, shift, at.x(), at.y()); },
+            BusyWhile::Never);
         break;
     }
     case 2:

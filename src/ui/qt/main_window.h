@@ -2,6 +2,7 @@
 // each event turned into a command on the program, and the form shown again afterwards.
 #pragma once
 
+#include "app/dispatch.h"
 #include "app/program.h"
 #include "ui/qt/control_binding.h"
 #include "ui/qt/surface_widget.h"
@@ -35,7 +36,7 @@ public:
     // Shows the form: window size, controls, menu items, buttons, caption and overlays.
     void SyncFromForm();
     // Runs one command as every event does: edits into the form, the command, the form out.
-    void Run(const std::function<void(Program &)> &command);
+    void Run(const std::function<void(Program &)> &command, BusyWhile busyWhile = BusyWhile::Event);
     double TwipsPerPixel() const;
     const std::vector<Binding> &Bindings() const { return bindings_; }
 
