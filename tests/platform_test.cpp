@@ -5,6 +5,7 @@
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/write_faults.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
@@ -220,6 +221,12 @@ TEST(Paths, AtomicWriteReplacesWholeFilesOrNothing) {
     test::TempDir dir;
     auto target = dir.path() / "out.txt";
     ASSERT_TRUE(WriteFileAtomic(target, "one\r\n"));
+    {
+        // Faults last as long as the object that installed them.
+        WriteFaults refuse{[](WriteStep, const std::filesystem::path &) { return true; }};
+        ScopedWriteFaults installed(refuse);
+        EXPECT_FALSE(WriteFileAtomic(target, "two\r\n"));
+    }
     ASSERT_TRUE(WriteFileAtomic(target, "two\r\n"));
     EXPECT_EQ(test::ReadBytes(target), "two\r\n");
     EXPECT_FALSE(WriteFileAtomic(dir.path() / "missing" / "out.txt", "x"));
