@@ -5,7 +5,6 @@
 #include "app/script_runner.h"
 #include "e2e_support.h"
 #include "platform/plain_canvas.h"
-#include "platform/text_file.h"
 #include "platform/write_faults.h"
 
 #include <sstream>
@@ -31,38 +30,6 @@ std::vector<std::string> FolderListing(const fs::path &folder) {
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
-}
-
-TEST(WriteFaults, AFailedStepLeavesTheOldFileAndNoTemporary) {
-    test::TempDir dir;
-    const fs::path target = dir.path() / "VornaOut.txt";
-    const std::string old = "18\r\n0\r\n";
-    const std::string text(10000, 'x');
-    for (WriteStep step : kSteps) {
-        dir.Write("VornaOut.txt", old);
-        std::vector<WriteStep> asked;
-        WriteFaults faults{[&](WriteStep s, const fs::path &file) {
-            EXPECT_EQ(file, target);
-            asked.push_back(s);
-            return s == step;
-        }};
-        ScopedWriteFaults installed(faults);
-        EXPECT_FALSE(WriteFileAtomic(target, text));
-        EXPECT_EQ(asked.back(), step);
-        EXPECT_EQ(test::ReadBytes(target), old);
-        EXPECT_EQ(FolderListing(dir.path()), std::vector<std::string>{"VornaOut.txt"});
-    }
-    // Faults end with the object that installed them.
-    EXPECT_TRUE(WriteFileAtomic(target, text));
-    EXPECT_EQ(test::ReadBytes(target), text);
-}
-
-TEST(WriteFaults, ATargetThatIsAFolderStaysAFolder) {
-    test::TempDir dir;
-    fs::create_directories(dir.path() / "Collegamenti.txt" / "inside");
-    EXPECT_FALSE(WriteFileAtomic(dir.path() / "Collegamenti.txt", "x\r\n"));
-    EXPECT_TRUE(fs::is_directory(dir.path() / "Collegamenti.txt" / "inside"));
-    EXPECT_EQ(FolderListing(dir.path()), std::vector<std::string>{"Collegamenti.txt"});
 }
 
 // Surfaces that draw nothing, and one change to the disk once start-up is over.
@@ -174,41 +141,40 @@ TEST(DiskFaults, AFailedDrawingGivesItsMessageAndKeepsTheOldOne) {
         }
 }
 
+// A folder or file removed, or a file turned into a folder, once start-up is over. Where the
+// hand-back fails, nothing is created beside the changed path, not even a temporary file.
 TEST(DiskFaults, FoldersAndFilesThatChangeAfterStartUp) {
-    // The job folder vanishes: nothing can be handed back.
-    test::DemoSuite gone;
-    std::string output = RunHere(gone, HandBacks()[0].script, [&] { fs::remove_all(gone.job()); });
-    EXPECT_NE(output.find(kCannotWrite), std::string::npos) << output;
-    EXPECT_FALSE(fs::exists(gone.job()));
-
-    // The files to be written have become folders.
-    test::DemoSuite folders;
-    output = RunHere(folders, HandBacks()[1].script,
-                     [&] { fs::create_directories(folders.job() / "VornaOut.txt" / "kept"); });
-    EXPECT_NE(output.find(kCannotWrite), std::string::npos) << output;
-    EXPECT_TRUE(fs::is_directory(folders.job() / "VornaOut.txt" / "kept"));
-
-    test::DemoSuite options;
-    const fs::path optionsFile = options.root() / "custom" / "VorNOpzi.txt";
-    output = RunHere(options, HandBacks()[2].script, [&] {
-        fs::remove(optionsFile);
-        fs::create_directories(optionsFile / "kept");
-    });
-    EXPECT_NE(output.find(kOptionsNotSaved), std::string::npos) << output;
-    EXPECT_TRUE(fs::is_directory(optionsFile / "kept"));
-
-    // The custom folder vanishes: the options are not saved, and saying so is all that happens.
-    test::DemoSuite custom;
-    output =
-        RunHere(custom, HandBacks()[2].script, [&] { fs::remove_all(custom.root() / "custom"); });
-    EXPECT_NE(output.find(kOptionsNotSaved), std::string::npos) << output;
-
-    // A file that vanished is simply written anew.
-    test::DemoSuite vanished;
-    output = RunHere(vanished, HandBacks()[2].script,
-                     [&] { fs::remove(vanished.root() / "custom" / "VorNOpzi.txt"); });
-    EXPECT_NE(output.find(kOptionsSaved), std::string::npos) << output;
-    EXPECT_TRUE(fs::is_regular_file(vanished.root() / "custom" / "VorNOpzi.txt"));
+    struct Change {
+        int handBack;
+        const char *path; // below the suite root
+        bool toFolder;    // else removed
+        const std::string &message;
+    };
+    const Change changes[] = {
+        {0, "lavori/demo01", false, kCannotWrite},
+        {1, "lavori/demo01/VornaOut.txt", true, kCannotWrite},
+        {2, "custom/VorNOpzi.txt", true, kOptionsNotSaved},
+        {2, "custom", false, kOptionsNotSaved},
+        {2, "custom/VorNOpzi.txt", false, kOptionsSaved}, // written anew
+    };
+    for (const Change &c : changes) {
+        SCOPED_TRACE(c.path);
+        test::DemoSuite suite;
+        const fs::path path = suite.root() / c.path;
+        std::vector<std::string> before;
+        const std::string output = RunHere(suite, HandBacks()[c.handBack].script, [&] {
+            fs::remove_all(path);
+            if (c.toFolder)
+                fs::create_directories(path / "kept");
+            before = FolderListing(path.parent_path());
+        });
+        EXPECT_NE(output.find(c.message), std::string::npos) << output;
+        if (&c.message == &kOptionsSaved)
+            EXPECT_TRUE(fs::is_regular_file(path));
+        else
+            EXPECT_EQ(FolderListing(path.parent_path()), before);
+        EXPECT_EQ(fs::is_directory(path / "kept"), c.toFolder);
+    }
 }
 
 // Every input file turned into a folder, or into a pipe that nobody writes to, before start-up:
