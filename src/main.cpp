@@ -14,9 +14,6 @@
 #include "ui/qt/qt_ui.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 #include <cstdlib>
 #endif
 
@@ -49,6 +46,7 @@ void UseOffscreenWithoutDisplay() {
 int RunScriptInWindow(int argc, char **argv, const std::vector<std::string> &arguments) {
     UseOffscreenWithoutDisplay();
     QApplication app(argc, argv);
+    vorna::qt::LoadItalianTranslations();
     vorna::qt::QtScriptHost host;
     return vorna::RunScript(vorna::PathFromUtf8(arguments[1]), CommandLine(arguments, 2), std::cout,
                             host);
@@ -57,11 +55,7 @@ int RunScriptInWindow(int argc, char **argv, const std::vector<std::string> &arg
 int RunWindow(int argc, char **argv, const std::vector<std::string> &arguments) {
     const std::string commandLine = CommandLine(arguments, 0);
     QApplication app(argc, argv);
-    // The standard dialogs' buttons speak the user's language, as the system's own would.
-    QTranslator translator;
-    if (translator.load(QLocale(), "qtbase", "_",
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&translator);
+    vorna::qt::LoadItalianTranslations();
     // The program decides when it ends, with its own status.
     app.setQuitOnLastWindowClosed(false);
     vorna::qt::MainWindow window;

@@ -673,10 +673,14 @@ TEST(ViewCommands, ZoomRectangleEitherWayMoveAndFit) {
 TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
     App app(Square());
     Program &p = *app.p;
+    const ScaleRect atPress = app.disegno.Scale();
     Disegno_MouseDown(p, kMiddleButton, 0, 0, 0);
     app.Move(10, 5, kMiddleButton); // from the fit state: the shown extent, no margin
     ExpectWindow(p.view.zoomWindow, 90, -10.5, 95, -8.2);
-    app.Move(20, 5, kMiddleButton);
+    // The next move comes in the units of the redrawn picture: the spot of the surface that
+    // was (20, 5) at the press moves the view by (20, 5).
+    const auto [x, y] = InScaleOf(app.disegno.Scale(), atPress, 20, 5);
+    app.Move(x, y, kMiddleButton);
     ExpectWindow(p.view.zoomWindow, 80, -20.5, 95, -8.2);
 
     p.view.zoomWindow = {100, 0, 100, 0};

@@ -39,6 +39,16 @@ SaveChoice ShowSaveDialog(Program &p, std::string_view filter, std::string initi
     return choice;
 }
 
+// A name typed without an extension gets the chosen type's, as a save dialog adds it; a name
+// with one keeps it, and the type still decides the format.
+std::string WithTypeExtension(std::string name, int filterIndex) {
+    const std::size_t base = name.find_last_of("\\/");
+    const std::size_t dot = name.rfind('.');
+    if (dot == std::string::npos || (base != std::string::npos && dot < base))
+        name += filterIndex == 1 ? ".dis" : ".dxf";
+    return name;
+}
+
 } // namespace
 
 void SalvaDisegno_Click(Program &p) {
@@ -51,6 +61,7 @@ void SalvaDisegno_Click(Program &p) {
     }
     if (choice.fileName.empty())
         return;
+    const std::string fileName = WithTypeExtension(choice.fileName, choice.filterIndex);
     // As on screen, nothing is drawn from a structure that failed to load.
     if (p.structureLoaded) {
         ExportDrawing(DrawInputOf(p), p.disegno, p.buffers);
@@ -58,9 +69,9 @@ void SalvaDisegno_Click(Program &p) {
             p.ui.MessageBox(warning, "Problema", MsgIcon::Exclamation, MsgButtons::Ok);
     }
     if (choice.filterIndex == 1)
-        ShowMessage(p, SaveDisDrawing(choice.fileName, p.buffers, 0));
+        ShowMessage(p, SaveDisDrawing(fileName, p.buffers, 0));
     else
-        ShowMessage(p, WriteDxf(choice.fileName, p.buffers, false));
+        ShowMessage(p, WriteDxf(fileName, p.buffers, false));
 }
 
 } // namespace vorna

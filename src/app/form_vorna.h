@@ -23,6 +23,9 @@ struct FormVorna {
     double width = 15360, height = 10800; // outer size, twips
     double screenWidth = 28800;
     bool minimised = false;
+    // A control that should take the keyboard focus the next time the window shows the form
+    // (empty when none); the window clears it once done.
+    std::string focusRequest;
 
     // Every control, menu and item by its name; the icon-bar buttons by their keys (btnZoom).
 #define VORNA_CONTROL VORNA_CONTROL_FIELD

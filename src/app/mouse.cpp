@@ -6,6 +6,8 @@
 #include "projection/visibility.h"
 #include "selection/selection_modes.h"
 
+#include <tuple>
+
 namespace vorna {
 namespace {
 
@@ -84,6 +86,7 @@ void Disegno_MouseDown(Program &p, int button, int, double x, double y) {
     } else if (button == kMiddleButton) {
         Place(p.form.LineSposta, x, y, x, y);
         n.panStartWindow = p.view.zoomWindow;
+        n.panStartScale = p.disegno.Scale();
     } else if (button == kLeftButton) {
         LeftPress(p, x, y);
     }
@@ -93,8 +96,7 @@ void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
     NavigationState &n = p.navigation;
     Control &line = p.form.LineSposta;
     if ((buttons & kMiddleButton) != 0 && n.lastButton == kMiddleButton) {
-        line.width = x;
-        line.height = y;
+        std::tie(line.width, line.height) = InScaleOf(n.panStartScale, p.disegno.Scale(), x, y);
         PanView(p.model, p.view, n.panStartWindow, line.width - line.left, line.height - line.top);
         RedrawView(p);
     }

@@ -93,6 +93,7 @@ void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
     p.form.SottoFunAttiva.caption = ModeCaption(mode);
     p.form.Risposta.enabled = true;
     p.form.Risposta.backColour = kWindowColour;
+    p.form.focusRequest = "Risposta";
     p.command.selectionMode = mode;
 }
 

@@ -15,13 +15,31 @@
 namespace vorna {
 namespace {
 
+// The user is told once which box holds what, and which angle stays in force.
+void RefuseAngleText(Program &p, int k) {
+    static const char *const names[] = {"alfa x", "alfa y", "alfa z"};
+    const std::string &text = p.form.Angolo[k].text;
+    std::string message = "Angolo " + std::string(names[k]) + ": \"" + text +
+                          "\" non \xE8 un numero";
+    if (text.find(',') != std::string::npos)
+        message += " (il separatore decimale \xE8 il punto)";
+    message += ". Resta l'angolo " + NumberText(p.view.lastAngles[k]) + ".";
+    p.view.refusedAngleTexts[k] = text;
+    p.ui.MessageBox(message, "ATTENZIONE", MsgIcon::Exclamation, MsgButtons::Ok);
+}
+
 // The angles that read as numbers; an empty or mistyped box keeps its last valid angle, so a
 // half-typed angle never stops a redraw.
 void ProjectFromAngles(Program &p) {
     std::array<double, 3> &angles = p.view.lastAngles;
-    for (int k = 0; k < 3; ++k)
-        if (auto a = StrictNumber(p.form.Angolo[k].text))
+    for (int k = 0; k < 3; ++k) {
+        if (auto a = StrictNumber(p.form.Angolo[k].text)) {
             angles[k] = *a;
+            p.view.refusedAngleTexts[k].reset();
+        } else if (p.form.Angolo[k].text != p.view.refusedAngleTexts[k]) {
+            RefuseAngleText(p, k);
+        }
+    }
     ProjectStructure(p.model, p.view, angles[0], angles[1], angles[2]);
 }
 
@@ -103,6 +121,8 @@ void Sposta_Click(Program &p) {
 }
 
 void Ridis_Click(Program &p) {
+    // Asked for in so many words, the redraw tells again about a box it cannot read.
+    p.view.refusedAngleTexts = {};
     RedrawView(p);
 }
 

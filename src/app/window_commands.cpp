@@ -78,6 +78,10 @@ void LayOutForm(Program &p) {
     // Without the icon bar the drawing keeps the height the bar left to it.
     f.Disegno.height = h - 2472 + (f.Toolbar1.visible ? 0 : kIconBarHeight);
     f.FrameSel.left = w - 4560;
+    // The bar-type labels lie on the schema's bars: they move with it.
+    const double schemaShift = (w - 2232) - f.Picture1.left;
+    for (Control &label : f.LabelTipo)
+        label.left += schemaShift;
     f.Picture1.left = w - 2232;
     f.Label7.left = w - 2232;
     f.FrameAtt.left = f.FrameSel.left;

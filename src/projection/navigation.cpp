@@ -50,6 +50,12 @@ void MoveView(ViewState &view, double dx, double dy) {
         Shifted(HasSize(view.zoomWindow) ? view.zoomWindow : view.shownWindow, dx, dy);
 }
 
+std::pair<double, double> InScaleOf(const ScaleRect &then, const ScaleRect &now, double x,
+                                    double y) {
+    return {then.left + (x - now.left) / now.width * then.width,
+            then.top + (y - now.top) / now.height * then.height};
+}
+
 void PanView(const StructureModel &model, ViewState &view, const ViewWindow &panStart, double dx,
              double dy) {
     dx = Single(dx);

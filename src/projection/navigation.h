@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace vorna {
 
@@ -31,6 +32,10 @@ void MoveView(ViewState &view, double dx, double dy);
 
 // Live pan: the window the middle button started from, or the shown extent (no margin) when
 // that was the fit state, moved by (dx, dy).
+// A position in drawing units of the scale `now`, in those of `then`: the same spot of the
+// surface under both.
+std::pair<double, double> InScaleOf(const ScaleRect &then, const ScaleRect &now, double x,
+                                    double y);
 void PanView(const StructureModel &model, ViewState &view, const ViewWindow &panStart, double dx,
              double dy);
 

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace vorna {
@@ -32,6 +34,9 @@ struct ViewState {
     ViewWindow shownWindow; // mapped onto the surface by the last SetViewScale, margin included
     double viewScale = 0;   // twips per drawing unit
     std::array<double, 3> lastAngles{30, 30, 0}; // the last angles that read as numbers
+    // The text of each angle box the user was last told is not a number, so that the redraws
+    // of a gesture do not repeat the message.
+    std::array<std::optional<std::string>, 3> refusedAngleTexts;
 };
 
 // Projected position of a point index; indices outside the table read as the origin.

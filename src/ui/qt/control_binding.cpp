@@ -125,7 +125,7 @@ void ApplyBinding(Binding &b, double twipsPerPixel) {
     w->setToolTip(ToQString(c.tooltip));
     ApplyPointer(w, c.pointer);
     if (b.style == BindingStyle::Placed || b.style == BindingStyle::SymbolPlaced)
-        w->setGeometry(TwipsToPixels(c, twipsPerPixel));
+        w->setGeometry(TwipsToPixels(c, twipsPerPixel).translated(-b.origin));
     w->setVisible(c.visible);
     b.shown = c;
 }

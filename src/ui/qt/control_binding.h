@@ -4,6 +4,7 @@
 
 #include "platform/control.h"
 
+#include <QPoint>
 #include <QRect>
 #include <QString>
 
@@ -29,6 +30,9 @@ struct Binding {
     BindingStyle style = BindingStyle::Plain;
     Control *control = nullptr;   // resolved when the window is attached to a program
     std::optional<Control> shown; // what the widget shows now
+    // Where the widget's parent starts in the client area, pixels: placed controls inside a
+    // container (the scrolling side bar) are placed relative to it.
+    QPoint origin;
 };
 
 // Adds a binding of the control of that name to the widget; returns the widget.

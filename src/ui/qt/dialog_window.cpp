@@ -222,9 +222,23 @@ void DialogWindow::Show() {
         done(QDialog::Accepted);
 }
 
+// Esc closes on its release, and only when it was pressed here too: the release of an Esc that
+// closed a colour chooser above this dialog belongs to that chooser.
+void DialogWindow::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape) {
+        if (!event->isAutoRepeat())
+            escapePressed_ = true;
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
 void DialogWindow::keyReleaseEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Escape) {
-        reject();
+        if (escapePressed_ && !event->isAutoRepeat()) {
+            escapePressed_ = false;
+            reject();
+        }
         return;
     }
     QDialog::keyReleaseEvent(event);

@@ -18,6 +18,7 @@ public:
     DialogWindow(Dialog &dialog, QWidget *parent);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void reject() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,6 +43,7 @@ private:
     Dialog &dialog_;
     std::vector<Binding> bindings_;
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
+    bool escapePressed_ = false;
 };
 
 } // namespace vorna::qt

@@ -3,6 +3,7 @@
 
 #include "app/commands.h"
 #include "app/dispatch.h"
+#include "selection/selection_modes.h"
 #include "ui/qt/qt_ui.h"
 
 #include <QAction>
@@ -13,6 +14,8 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
 
@@ -45,6 +48,16 @@ int ButtonsMask(Qt::MouseButtons buttons) {
            (buttons & Qt::MiddleButton ? kMiddleButton : 0);
 }
 
+// The widest text a label of the status row can show, pixels.
+int WidestText(const QWidget *label, std::initializer_list<const char *> captions,
+               const std::string &current) {
+    const QFontMetrics metrics(label->font());
+    int widest = metrics.horizontalAdvance(ToQString(current));
+    for (const char *caption : captions)
+        widest = std::max(widest, metrics.horizontalAdvance(ToQString(caption)));
+    return widest;
+}
+
 int ShiftState(Qt::KeyboardModifiers modifiers) {
     return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
            (modifiers & Qt::AltModifier ? 4 : 0);
@@ -63,6 +76,12 @@ MainWindow::MainWindow() {
 
 double MainWindow::TwipsPerPixel() const {
     return 1440.0 / logicalDpiX();
+}
+
+void MainWindow::KeepStatusRowWhole(bool keep) {
+    keepStatusRowWhole_ = keep;
+    if (!keep)
+        setMinimumWidth(0);
 }
 
 void MainWindow::Attach(Program &program, InitialSize initialSize) {
@@ -117,12 +136,27 @@ void MainWindow::SyncFromForm() {
             resize(appliedSize_);
         }
     }
+    // The side bar's controls are placed in its container, which starts where FrameSel does.
+    const QPoint sideOrigin = TwipsToPixels(f.FrameSel, tpp).topLeft();
+    for (Binding &b : bindings_)
+        if (b.widget->parentWidget() == sideBar_->widget() && b.origin != sideOrigin) {
+            b.origin = sideOrigin;
+            b.shown.reset();
+        }
     for (Binding &b : bindings_)
         ApplyBinding(b, tpp);
+    SyncSideBar();
+    SyncStatusRow();
     SyncMenus();
     if (QString title = ToQString(f.caption); title != windowTitle())
         setWindowTitle(title);
     SyncOverlays();
+    if (!f.focusRequest.empty()) {
+        for (Binding &b : bindings_)
+            if (b.name == f.focusRequest && b.widget->isEnabled())
+                b.widget->setFocus(Qt::OtherFocusReason);
+        f.focusRequest.clear();
+    }
     for (SurfaceWidget *surface : {disegno_, picture1_})
         if (surface->Canvas().NeedsShowing())
             surface->update();
@@ -142,6 +176,97 @@ void MainWindow::SyncMenus() {
         }
         a.action->setEnabled(c.enabled);
         a.action->setVisible(c.visible);
+    }
+}
+
+QWidget *MainWindow::Widget(std::string_view name) const {
+    for (const Binding &b : bindings_)
+        if (b.name == name)
+            return b.widget;
+    return nullptr;
+}
+
+// The side bar keeps its controls where the form places them, and scrolls when the status row
+// leaves it less room than its height (its scroll bar then takes room from the drawing's edge).
+void MainWindow::SyncSideBar() {
+    const FormVorna &f = program_->form;
+    const double tpp = TwipsPerPixel();
+    const QPoint origin = TwipsToPixels(f.FrameSel, tpp).topLeft();
+    QRect used;
+    for (const Control *c : {&f.FrameSel, &f.FrameAtt, &f.Label7, &f.Picture1})
+        used |= TwipsToPixels(*c, tpp).translated(-origin);
+    QWidget *content = sideBar_->widget();
+    content->resize(used.right() + 1, used.bottom() + 1);
+    constexpr int kGap = 4;
+    const int room = std::max(1, TwipsToPixels(f.Angolo[0], tpp).top() - origin.y() - kGap);
+    const bool scrolls = content->height() > room;
+    sideBar_->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn
+                                                 : Qt::ScrollBarAlwaysOff);
+    const int bar = scrolls ? sideBar_->verticalScrollBar()->sizeHint().width() : 0;
+    sideBar_->setGeometry(origin.x() - bar, origin.y(), content->width() + bar,
+                          scrolls ? room : content->height());
+    sideBar_->setVisible(f.FrameSel.visible);
+}
+
+// The status row from the form's places, widened where a caption needs more room than the
+// design gave it, so that every caption and the coordinate read-out stay whole.
+void MainWindow::SyncStatusRow() {
+    const FormVorna &f = program_->form;
+    const double tpp = TwipsPerPixel();
+    constexpr int kPad = 4, kGap = 4;
+    QWidget *function = Widget("FunAttiva"), *mode = Widget("SottoFunAttiva");
+    QWidget *caption = Widget("Label6"), *readout = Widget("LabCoord");
+    const int functionText =
+        WidestText(function,
+                   {FunctionCaption(ActiveFunction::AddNodes),
+                    FunctionCaption(ActiveFunction::RemoveNodes),
+                    FunctionCaption(ActiveFunction::ChooseBaseNode),
+                    FunctionCaption(ActiveFunction::RemoveBaseBars),
+                    FunctionCaption(ActiveFunction::ShowBarTypes)},
+                   f.FunAttiva.caption);
+    const int modeText = WidestText(
+        mode,
+        {ModeCaption(SelectionMode::Window), ModeCaption(SelectionMode::Material),
+         ModeCaption(SelectionMode::Name), ModeCaption(SelectionMode::Direct),
+         ModeCaption(SelectionMode::ConstraintCard), "Zoom", "Sposta"},
+        f.SottoFunAttiva.caption);
+    QRect frame0 = TwipsToPixels(f.Frame2[0], tpp);
+    frame0.setWidth(std::max(frame0.width(), functionText + 4 * kPad));
+    QRect frame1 = TwipsToPixels(f.Frame2[1], tpp);
+    frame1.moveLeft(std::max(frame1.left(), frame0.right() + kGap));
+    frame1.setWidth(std::max(frame1.width(), modeText + 4 * kPad));
+    QRect coord = TwipsToPixels(f.FrameCoord, tpp);
+    const int right = coord.right();
+    coord.setLeft(std::max(coord.left(), frame1.right() + kGap));
+    coord.setRight(std::max(right, coord.left()));
+    QRect label6 = TwipsToPixels(f.Label6, tpp);
+    label6.moveLeft(std::max(label6.left(), coord.left() + kPad));
+    label6.setWidth(std::max(label6.width(), WidestText(caption, {}, f.Label6.caption) + kPad));
+    QRect labCoord = TwipsToPixels(f.LabCoord, tpp);
+    labCoord.moveLeft(std::max(labCoord.left(), label6.right() + kGap));
+    labCoord.setRight(std::max(labCoord.left(), coord.right() - kPad));
+    // Each caption inside its frame, at the design's height.
+    auto inside = [&](const QRect &frame, const Control &label) {
+        const QRect place = TwipsToPixels(label, tpp);
+        return QRect(frame.left() + kPad, place.top(), frame.width() - 2 * kPad, place.height());
+    };
+    const std::pair<QWidget *, QRect> places[] = {
+        {Widget("Frame2(0)"), frame0},
+        {function, inside(frame0, f.FunAttiva)},
+        {Widget("Frame2(1)"), frame1},
+        {mode, inside(frame1, f.SottoFunAttiva)},
+        {Widget("FrameCoord"), coord},
+        {caption, label6},
+        {readout, labCoord}};
+    for (const auto &[widget, place] : places)
+        widget->setGeometry(place);
+    if (keepStatusRowWhole_) {
+        // The narrowest window still shows a read-out of the largest coordinates and name.
+        const int widest = WidestText(readout, {"-99999, -99999, -99999 [N20001]"}, "");
+        const int minimum = frame1.right() + 2 * kGap + 2 * kPad + label6.width() + widest +
+                            (width() - right);
+        if (minimumWidth() != minimum)
+            setMinimumWidth(minimum);
     }
 }
 

@@ -16,6 +16,7 @@
 
 class QAction;
 class QMenu;
+class QScrollArea;
 class QToolBar;
 
 namespace vorna::qt {
@@ -38,6 +39,9 @@ public:
     // Runs one command as every event does: edits into the form, the command, the form out.
     void Run(const std::function<void(Program &)> &command, BusyWhile busyWhile = BusyWhile::Event);
     double TwipsPerPixel() const;
+    // Whether the window keeps a minimum width at which the status row is whole. The script
+    // host turns it off: there the form's own size rule decides, as in the headless program.
+    void KeepStatusRowWhole(bool keep);
     const std::vector<Binding> &Bindings() const { return bindings_; }
 
 protected:
@@ -61,6 +65,9 @@ private:
     QWidget *Bind(const std::string &name, QWidget *widget, BindingStyle style);
     void SyncMenus();
     void SyncOverlays();
+    QWidget *Widget(std::string_view name) const;
+    void SyncSideBar();
+    void SyncStatusRow();
     QSize WindowSizeOfForm() const;
     void TakeSizeFromWindow();
     void DisegnoMouse(QMouseEvent *event, int kind);
@@ -69,6 +76,8 @@ private:
     SurfaceWidget *disegno_ = nullptr;
     SurfaceWidget *picture1_ = nullptr;
     QToolBar *toolbar_ = nullptr;
+    QScrollArea *sideBar_ = nullptr;
+    bool keepStatusRowWhole_ = true;
     QMenu *visualizza_ = nullptr;
     std::vector<Binding> bindings_;
     std::vector<MenuAction> actions_;

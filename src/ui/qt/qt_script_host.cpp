@@ -12,6 +12,7 @@ namespace vorna::qt {
 
 QtScriptHost::QtScriptHost(QSize pixels) {
     window_.setAttribute(Qt::WA_DontShowOnScreen);
+    window_.KeepStatusRowWhole(false);
     window_.resize(pixels);
     window_.show();
 }

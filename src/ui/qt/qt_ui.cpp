@@ -9,8 +9,10 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QMetaObject>
+#include <QTranslator>
 
 namespace vorna::qt {
 
@@ -20,6 +22,17 @@ QString ToQString(std::string_view cp1252) {
 
 std::string FromQString(const QString &text) {
     return Utf8ToCp1252(text.toStdString());
+}
+
+bool LoadItalianTranslations() {
+    auto *translator = new QTranslator(qApp);
+    if (translator->load("qtbase_it", ":/translations") ||
+        translator->load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(translator);
+        return true;
+    }
+    delete translator;
+    return false;
 }
 
 QStringList SaveFilters(std::string_view filter) {

@@ -32,6 +32,11 @@ private:
     bool busy_ = false;
 };
 
+// Qt's own dialogs (file, colour, message-box buttons) in Italian, as the rest of the program
+// speaks: a translation built into the program first, else the system's. False when neither is
+// found.
+bool LoadItalianTranslations();
+
 // Windows-1252 bytes as a QString, and back.
 QString ToQString(std::string_view cp1252);
 std::string FromQString(const QString &text);

@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -83,6 +84,14 @@ void MainWindow::BuildToolbar(QWidget *client) {
 }
 
 void MainWindow::BuildSideBar(QWidget *client) {
+    // The side bar scrolls where the window is too short for it: its controls live in a
+    // container that SyncSideBar places and sizes.
+    sideBar_ = new QScrollArea(client);
+    sideBar_->setFrameShape(QFrame::NoFrame);
+    sideBar_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    sideBar_->setWidgetResizable(false);
+    client = new QWidget;
+    sideBar_->setWidget(client);
     auto *frameSel = new QGroupBox(client);
     auto *sel = new QVBoxLayout(frameSel);
     sel->setSpacing(2);
