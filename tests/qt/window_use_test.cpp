@@ -1,0 +1,252 @@
+// The window as an engineer uses it on the demo job: real widgets, real mouse and key events,
+// sizes changed as a window manager changes them, and what ends up on screen.
+#include "app/commands.h"
+#include "app/startup.h"
+#include "test_support.h"
+#include "ui/qt/main_window.h"
+#include "ui/qt/qt_canvas.h"
+#include "ui/qt/qt_ui.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace vorna::qt {
+namespace {
+
+// The real window started on a fresh demo suite, as the suite starts the program.
+struct DemoWindow {
+    test::TempDir dir;
+    MainWindow window;
+    std::unique_ptr<Program> program;
+
+    DemoWindow(Ui &ui, QSize size) {
+        const std::string root = (dir.path() / "suite").string();
+        const std::string make = std::string(VORNA_DEMO_TOOL) + " '" + root + "' >/dev/null";
+        EXPECT_EQ(std::system(make.c_str()), 0);
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.resize(size);
+        window.show();
+        program = std::make_unique<Program>(ui, window.Disegno(), window.Picture1());
+        window.Attach(*program, MainWindow::InitialSize::FromWindow);
+        window.Run([&](Program &p) { RunStartUp(p, "|diroot=" + root + "|"); });
+        QApplication::setActiveWindow(&window);
+    }
+
+    QWidget *Widget(const std::string &name) {
+        for (const Binding &b : window.Bindings())
+            if (b.name == name)
+                return b.widget;
+        ADD_FAILURE() << name << " has no widget";
+        return nullptr;
+    }
+    QWidget *Disegno() { return Widget("Disegno"); }
+    QAction *Item(const char *name) {
+        for (QAction *a : window.findChildren<QAction *>())
+            if (a->text() == name)
+                return a;
+        ADD_FAILURE() << name << " is not offered";
+        return nullptr;
+    }
+    // Where a widget is in the client area, whatever container holds it.
+    QRect InClient(const QWidget *w) {
+        return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
+    }
+    // The pixel of Disegno where the node of that name is drawn.
+    QPoint NodePixel(int name) {
+        const StructureModel &m = program->model;
+        for (int i = 0; i < m.nodeCount; ++i)
+            if (m.nodes[i].name == name) {
+                const int point = m.nodes[i].pointIndex;
+                return static_cast<QtCanvas &>(window.Disegno())
+                    .ToPixel(program->view.projectedX[point], program->view.projectedY[point])
+                    .toPoint();
+            }
+        ADD_FAILURE() << "no node " << name;
+        return {};
+    }
+    void ChooseBaseNode(int name) {
+        Item("&Scegli nodo base")->trigger();
+        QTest::mouseClick(Disegno(), Qt::LeftButton, {}, NodePixel(name));
+        ASSERT_GE(program->connection.baseNode, 0);
+    }
+    // Lets the window take a new size as a window manager gives it, with the redraw it queues.
+    void Settle() {
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+    }
+};
+
+TEST(WindowUse, TypeLabelsSitOnTheSchemaAtEverySize) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    w.ChooseBaseNode(18);
+    QWidget *picture = w.Widget("Picture1");
+    for (QSize size : {QSize(1600, 1000), QSize(1000, 700), QSize(733, 546), QSize(1280, 800)}) {
+        w.window.resize(size);
+        w.Settle();
+        const QRect schema = w.InClient(picture);
+        int shown = 0;
+        for (int k = 1; k <= 30; ++k) {
+            QWidget *label = w.Widget("LabelTipo(" + std::to_string(k) + ")");
+            if (!label->isVisible())
+                continue;
+            ++shown;
+            EXPECT_TRUE(schema.contains(w.InClient(label).center()))
+                << "LabelTipo(" << k << ") off the schema at " << size.width() << "x"
+                << size.height();
+        }
+        EXPECT_EQ(shown, 4) << size.width() << "x" << size.height();
+    }
+    // The side bar, schema included, is whole or scrolls: its bottom is above the status row.
+    QWidget *angles = w.Widget("Angolo(0)");
+    const QRect sideBar = w.InClient(picture->parentWidget()->parentWidget());
+    EXPECT_LE(sideBar.bottom(), w.InClient(angles).top());
+    // And a click on a label still cycles its type.
+    auto *label = static_cast<QLabel *>(w.Widget("LabelTipo(1)"));
+    const QString before = label->text();
+    QTest::mouseClick(label, Qt::LeftButton);
+    EXPECT_NE(label->text(), before);
+}
+
+TEST(WindowUse, AMiddleButtonDragKeepsThePointUnderTheCursor) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    const QPoint start = w.NodePixel(18);
+    QTest::mousePress(w.Disegno(), Qt::MiddleButton, {}, start);
+    for (int k = 1; k <= 12; ++k) {
+        const QPoint at = start + QPoint(10 * k, 0);
+        QMouseEvent move(QEvent::MouseMove, at, w.Disegno()->mapToGlobal(at), Qt::NoButton,
+                         Qt::MiddleButton, Qt::NoModifier);
+        QApplication::sendEvent(w.Disegno(), &move);
+    }
+    QTest::mouseRelease(w.Disegno(), Qt::MiddleButton, {}, start + QPoint(120, 0));
+    const QPoint end = w.NodePixel(18);
+    EXPECT_NEAR(end.x(), start.x() + 120, 1);
+    EXPECT_NEAR(end.y(), start.y(), 1);
+}
+
+TEST(WindowUse, NamesTypedRightAfterNomeReachTheAnswerLine) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    w.ChooseBaseNode(18);
+    w.Item("&Aggiungi nodi")->trigger();
+    w.Item("N&ome elemento")->trigger();
+    QWidget *focus = QApplication::focusWidget();
+    ASSERT_EQ(focus, w.Widget("Risposta"));
+    QTest::keyClicks(focus, "30-31");
+    QTest::keyClick(focus, Qt::Key_Return);
+    EXPECT_NE(w.program->form.StringaSel.caption.find("30-31"), std::string::npos)
+        << w.program->form.StringaSel.caption;
+}
+
+TEST(WindowUse, EscInTheColourChooserLeavesTheOptionsDialogOpen) {
+    MainWindow *parent = nullptr;
+    QtUi ui(parent);
+    DemoWindow w(ui, {1000, 700});
+    bool optionsOpenAfterEsc = false;
+    // Each step runs once the dialog before it waits for the user.
+    QTimer::singleShot(0, [&] {
+        auto *options = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(options, nullptr);
+        QTimer::singleShot(0, [&, options] {
+            auto *chooser = qobject_cast<QColorDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(chooser, nullptr);
+            QTest::keyClick(chooser, Qt::Key_Escape);
+            QTimer::singleShot(0, [&, options] {
+                optionsOpenAfterEsc = options->isVisible();
+                options->reject();
+            });
+        });
+        for (QPushButton *b : options->findChildren<QPushButton *>())
+            if (b->text() == "Modifica") {
+                b->click();
+                return;
+            }
+        ADD_FAILURE() << "no Modifica button";
+    });
+    w.Item("O&pzioni...")->trigger();
+    EXPECT_TRUE(optionsOpenAfterEsc);
+}
+
+TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    w.ChooseBaseNode(18);
+    w.Item("&Aggiungi nodi")->trigger();
+    w.Item("N&ome elemento")->trigger();
+    for (bool sideBar : {true, false}) {
+        if (!sideBar)
+            w.Item("&Barra laterale")->trigger();
+        w.window.resize(200, 300);
+        w.Settle();
+        QMouseEvent move(QEvent::MouseMove, w.NodePixel(18), w.NodePixel(18), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(w.Disegno(), &move);
+        EXPECT_FALSE(w.program->form.LabCoord.caption.empty());
+        int right = 0;
+        for (const char *name : {"FunAttiva", "SottoFunAttiva", "Label6", "LabCoord"}) {
+            auto *label = static_cast<QLabel *>(w.Widget(name));
+            const QRect place = w.InClient(label);
+            EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(label->text()))
+                << name << " cut: " << label->text().toStdString();
+            EXPECT_GT(place.left(), right) << name << " overlaps the caption before it";
+            EXPECT_LE(place.right(), w.window.centralWidget()->width()) << name;
+            right = place.right();
+        }
+    }
+}
+
+TEST(WindowUse, QtsOwnDialogsSpeakItalian) {
+    ASSERT_TRUE(LoadItalianTranslations());
+    QMessageBox box(QMessageBox::Question, "t", "x", QMessageBox::Yes | QMessageBox::Cancel);
+    EXPECT_EQ(box.button(QMessageBox::Cancel)->text(), "Annulla");
+    EXPECT_EQ(box.button(QMessageBox::Yes)->text(), QString::fromUtf8("&Sì"));
+}
+
+TEST(WindowUse, AnAngleThatIsNoNumberIsNamedAndTheViewKept) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    const std::vector<double> before = w.program->view.projectedX;
+    auto *box = static_cast<QLineEdit *>(w.Widget("Angolo(0)"));
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "22,5");
+    QTest::keyClick(box, Qt::Key_R, Qt::ControlModifier);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Angolo alfa x: \"22,5\" non \xE8 un numero (il separatore "
+                                   "decimale \xE8 il punto). Resta l'angolo 30.");
+    EXPECT_EQ(w.program->view.projectedX, before);
+    // The redraws of a gesture do not repeat it; a new Ctrl+R does.
+    QWheelEvent wheel({5, 5}, w.Disegno()->mapToGlobal(QPointF(5, 5)), {}, {0, 120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(w.Disegno(), &wheel);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    QTest::keyClick(box, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(ui.messages.size(), 2u);
+}
+
+TEST(WindowUse, ADrawingNamedWithoutExtensionGetsTheTypes) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    const auto job = w.dir.path() / "suite" / "lavori" / "demo01";
+    for (int type : {1, 2}) {
+        ui.saveChoices.push_back(SaveDialogResult{(job / "vista").string(), type});
+        w.Item("Salva &disegno...")->trigger();
+    }
+    EXPECT_TRUE(std::filesystem::exists(job / "vista.dis"));
+    EXPECT_TRUE(std::filesystem::exists(job / "vista.dxf"));
+    EXPECT_FALSE(std::filesystem::exists(job / "vista"));
+}
+
+} // namespace
+} // namespace vorna::qt
