@@ -689,7 +689,7 @@ TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
     ExpectWindow(p.view.zoomWindow, 90, 10, 90, 10);
     EXPECT_EQ(app.disegno.Of(CanvasCall::SetScale).size(), 1u);
 
-    Disegno_MouseDown(p, kRightButton, 0, 5, 5);
+    app.Click(5, 5, kRightButton);
     EXPECT_TRUE(p.navigation.popupRequested);
 
     app.Move(-0.4, -3.1);

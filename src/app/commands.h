@@ -32,6 +32,13 @@ void Ottimizza_Click(Program &);
 void ZoomIn_Click(Program &);
 void Sposta_Click(Program &);
 void Ridis_Click(Program &);
+// The standard views: each sets the three angles and fits.
+void VistaPianta_Click(Program &);
+void VistaFronte_Click(Program &);
+void VistaLato_Click(Program &);
+void VistaAssonometria_Click(Program &);
+// Zooms onto the live, shown node of that name and rings it until the next command.
+void ZoomToNode(Program &, const std::string &name);
 void VisAssi_Click(Program &);
 void VisCoord_Click(Program &);
 void TuttoX_Click(Program &);
@@ -54,6 +61,7 @@ void Inverti_Click(Program &);
 void Interrompi_Click(Program &);
 void Finestra_Click(Program &);
 void Nome_Click(Program &);
+void TrovaNodo_Click(Program &);
 void SchVincolo_Click(Program &);
 void Tutto_Click(Program &);
 void ColourCommand(Program &, int code);
@@ -107,6 +115,11 @@ void Disegno_MouseMove(Program &, int buttons, int shift, double x, double y);
 void Disegno_MouseUp(Program &, int button, int shift, double x, double y);
 void Disegno_DblClick(Program &, int button);
 void WheelZoom(Program &, int steps);
+// Ctrl + wheel: zooms about (x, y), which stays under the cursor.
+void WheelZoomAt(Program &, int steps, double x, double y);
+// The keys that move the view while the drawing has the focus.
+enum class DrawingKey { Left, Right, Up, Down, PageUp, PageDown, Home };
+void Disegno_KeyDown(Program &, DrawingKey key);
 // selection_commands.cpp: the left-button parts that belong to selection.
 void FinishWindowSelection(Program &);
 void PickAt(Program &, double x, double y);

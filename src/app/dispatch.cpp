@@ -8,8 +8,11 @@ bool Dispatch(Program &p, const std::function<void(Program &)> &action, BusyWhil
     if (p.exitRequested)
         return false;
     std::optional<BusyPointer> busy;
-    if (busyWhile == BusyWhile::Event)
+    if (busyWhile == BusyWhile::Event) {
         busy.emplace(p.ui);
+        // The ring of a found node lasts until the next command; moves of the mouse keep it.
+        p.navigation.markedNode = -1;
+    }
     action(p);
     return true;
 }

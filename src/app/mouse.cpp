@@ -1,11 +1,15 @@
-// Mouse and wheel events of the drawing surface Disegno: the view gestures, and the left-button
-// rules shared with window selection and the direct pick.
+// Mouse, wheel and key events of the drawing surface Disegno: the view gestures (pan, orbit,
+// zoom, keys), and the left-button rules shared with window selection and the direct pick.
 #include "app/commands.h"
 
 #include "projection/navigation.h"
 #include "projection/visibility.h"
 #include "selection/selection_modes.h"
 
+#include "platform/number_text.h"
+
+#include <algorithm>
+#include <cmath>
 #include <tuple>
 
 namespace vorna {
@@ -76,26 +80,83 @@ void LeftPress(Program &p, double x, double y) {
     }
 }
 
+// A press and release closer than this, pixels, is a click; farther, a drag.
+constexpr double kDragPixels = 4;
+constexpr double kOrbitDegreesPerPixel = 0.5;
+constexpr double kKeyTurnDegrees = 15;
+constexpr int kShiftMask = 1;
+
+// An angle in its box: whole degrees as whole numbers, otherwise one decimal.
+void SetAngle(Program &p, int k, double degrees) {
+    p.form.Angolo[k].text = NumberText(std::round(degrees * 10) / 10);
+}
+
+// Remembers where a gesture that measures in pixels started, and the scale it measures in.
+void HoldPress(Program &p, double x, double y) {
+    NavigationState &n = p.navigation;
+    n.panStartScale = p.disegno.Scale();
+    n.pressUnitsPerPixel = PixelsToUnits(p.disegno, 1);
+    n.orbitX = x;
+    n.orbitY = y;
+    n.orbitTravel = 0;
+}
+
+void StartOrbit(Program &p, double x, double y) {
+    NavigationState &n = p.navigation;
+    HoldPress(p, x, y);
+    n.orbitHeld = true;
+    n.orbitStartAx = p.view.lastAngles[0];
+    n.orbitStartAy = p.view.lastAngles[1];
+}
+
+// The model turns with the mouse once it has gone farther than a click: right is +αy, up +αx.
+void OrbitTo(Program &p, double x, double y) {
+    NavigationState &n = p.navigation;
+    const auto [px, py] = InScaleOf(n.panStartScale, p.disegno.Scale(), x, y);
+    if (!(n.pressUnitsPerPixel > 0))
+        return;
+    const double dx = (px - n.orbitX) / n.pressUnitsPerPixel;
+    const double dy = (py - n.orbitY) / n.pressUnitsPerPixel;
+    n.orbitTravel = std::max(n.orbitTravel, std::hypot(dx, dy));
+    if (n.orbitTravel < kDragPixels)
+        return;
+    SetAngle(p, 0, n.orbitStartAx + kOrbitDegreesPerPixel * dy);
+    SetAngle(p, 1, n.orbitStartAy + kOrbitDegreesPerPixel * dx);
+    RedrawView(p);
+}
+
+// Pixels between the press and (x, y), for gestures that do not redraw while they last.
+double PixelsFromPress(const Program &p, double x, double y) {
+    const NavigationState &n = p.navigation;
+    return n.pressUnitsPerPixel > 0 ? std::hypot(x - n.orbitX, y - n.orbitY) / n.pressUnitsPerPixel
+                                    : 0;
+}
+
 } // namespace
 
-void Disegno_MouseDown(Program &p, int button, int, double x, double y) {
+void Disegno_MouseDown(Program &p, int button, int shift, double x, double y) {
     NavigationState &n = p.navigation;
     n.lastButton = button;
-    if (button == kRightButton) {
-        n.popupRequested = true;
+    if (button == kRightButton || (button == kMiddleButton && (shift & kShiftMask) != 0)) {
+        StartOrbit(p, x, y);
     } else if (button == kMiddleButton) {
         Place(p.form.LineSposta, x, y, x, y);
         n.panStartWindow = p.view.zoomWindow;
         n.panStartScale = p.disegno.Scale();
     } else if (button == kLeftButton) {
+        const bool cornerBefore = n.windowCornerSet;
+        HoldPress(p, x, y);
         LeftPress(p, x, y);
+        n.cornerPressed = !cornerBefore && n.windowCornerSet;
     }
 }
 
 void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
     NavigationState &n = p.navigation;
     Control &line = p.form.LineSposta;
-    if ((buttons & kMiddleButton) != 0 && n.lastButton == kMiddleButton) {
+    if (n.orbitHeld && (buttons & (kRightButton | kMiddleButton)) != 0) {
+        OrbitTo(p, x, y);
+    } else if ((buttons & kMiddleButton) != 0 && n.lastButton == kMiddleButton) {
         std::tie(line.width, line.height) = InScaleOf(n.panStartScale, p.disegno.Scale(), x, y);
         PanView(p.model, p.view, n.panStartWindow, line.width - line.left, line.height - line.top);
         RedrawView(p);
@@ -111,12 +172,25 @@ void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
         line.height = y;
     }
     n.pickRadius = PixelsToUnits(p.disegno, p.internalOptions(opt::kPickBoxSize));
+    n.hoverNode = NodeUnderCursor(p.model, p.view, x, y, n.pickRadius);
     if (p.form.VisCoord.checked)
         p.form.LabCoord.caption = CoordinateReadout(p.model, p.view, x, y, n.pickRadius);
 }
 
-// Every gesture completes on presses; a release ends nothing.
-void Disegno_MouseUp(Program &, int, int, double, double) {}
+// A release ends the two drags: the orbit (a right click that did not move is the pop-up of
+// the view menu), and a rectangle dragged out from its first corner.
+void Disegno_MouseUp(Program &p, int button, int, double x, double y) {
+    NavigationState &n = p.navigation;
+    if (n.orbitHeld && (button == kRightButton || button == kMiddleButton)) {
+        n.orbitHeld = false;
+        if (button == kRightButton && n.orbitTravel < kDragPixels)
+            n.popupRequested = true;
+    } else if (button == kLeftButton && n.cornerPressed) {
+        n.cornerPressed = false;
+        if (n.windowCornerSet && PixelsFromPress(p, x, y) >= kDragPixels)
+            LeftPress(p, x, y);
+    }
+}
 
 void Disegno_DblClick(Program &p, int button) {
     if (button == kMiddleButton)
@@ -126,6 +200,36 @@ void Disegno_DblClick(Program &p, int button) {
 void WheelZoom(Program &p, int steps) {
     if (WheelZoomWindow(p.view, steps))
         RedrawView(p);
+}
+
+void WheelZoomAt(Program &p, int steps, double x, double y) {
+    if (WheelZoomWindowAbout(p.model, p.view, steps, x, y))
+        RedrawView(p);
+}
+
+void Disegno_KeyDown(Program &p, DrawingKey key) {
+    const std::array<double, 3> &a = p.view.lastAngles;
+    switch (key) {
+    case DrawingKey::Left:
+    case DrawingKey::Right:
+        SetAngle(p, 1, a[1] + (key == DrawingKey::Right ? kKeyTurnDegrees : -kKeyTurnDegrees));
+        RedrawView(p);
+        break;
+    case DrawingKey::Up:
+    case DrawingKey::Down:
+        SetAngle(p, 0, a[0] + (key == DrawingKey::Up ? kKeyTurnDegrees : -kKeyTurnDegrees));
+        RedrawView(p);
+        break;
+    case DrawingKey::PageUp:
+        WheelZoom(p, 1);
+        break;
+    case DrawingKey::PageDown:
+        WheelZoom(p, -1);
+        break;
+    case DrawingKey::Home:
+        Ottimizza_Click(p);
+        break;
+    }
 }
 
 } // namespace vorna

@@ -140,12 +140,43 @@ bool Option(Session &s, const ScriptArgs &a) {
 }
 
 bool Key(Session &s, const ScriptArgs &a) {
-    if (a.text[0] == "Enter")
+    static const std::pair<const char *, DrawingKey> drawingKeys[] = {
+        {"Left", DrawingKey::Left},     {"Right", DrawingKey::Right},
+        {"Up", DrawingKey::Up},         {"Down", DrawingKey::Down},
+        {"PageUp", DrawingKey::PageUp}, {"PageDown", DrawingKey::PageDown},
+        {"Home", DrawingKey::Home}};
+    if (a.text[0] == "Enter") {
         Risposta_KeyDown(s.p, 13);
-    else if (a.text[0] == "Esc")
+        return true;
+    }
+    if (a.text[0] == "Esc") {
         Interrompi_Click(s.p);
-    else
+        return true;
+    }
+    for (const auto &[name, key] : drawingKeys)
+        if (a.text[0] == name) {
+            Disegno_KeyDown(s.p, key);
+            return true;
+        }
+    return false;
+}
+
+// Where the window would open the "Visualizza" menu at the cursor, the runner says so.
+void ReportPopUp(Session &s) {
+    if (s.p.navigation.popupRequested) {
+        s.p.navigation.popupRequested = false;
+        s.out << "popup|Visualizza\n";
+    }
+}
+
+bool Wheel(Session &s, const ScriptArgs &a) {
+    const int shift = a.Has(3) ? a.Int(3) : 0;
+    if (a.Has(1) != a.Has(2) || (a.Has(3) && !a.Has(2)) || shift < 0 || shift > 7)
         return false;
+    if (a.Has(1) && (shift & 2) != 0)
+        WheelZoomAt(s.p, a.Int(0), a.number[1], a.number[2]);
+    else
+        WheelZoom(s.p, a.Int(0));
     return true;
 }
 
@@ -180,6 +211,7 @@ bool Mouse(Session &s, const ScriptArgs &a, char kind) {
         Disegno_MouseUp(p, button, shift, x, y);
         break;
     }
+    ReportPopUp(s);
     return true;
 }
 
@@ -286,6 +318,7 @@ void AppendTable(std::string &out, const std::vector<Verb<Target>> &verbs) {
 constexpr ArgRule kWord{ArgKind::Word};
 constexpr ArgRule kNumber{ArgKind::Number};
 constexpr ArgRule kOptionalInteger{ArgKind::Integer, true};
+constexpr ArgRule kOptionalNumber{ArgKind::Number, true};
 constexpr ArgRule kText{ArgKind::Text};
 constexpr ArgRule kOptionalText{ArgKind::Text, true};
 
@@ -370,8 +403,9 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          {kWord},
          Option},
         {"key",
-         "`key Enter` / `key Esc`",
-         "Enter in the answer line `Risposta`; Esc on the window",
+         "`key Enter` / `key Esc` / `key Left`",
+         "Enter in the answer line `Risposta`; Esc on the window; `Left`, `Right`, `Up`, `Down`, "
+         "`PageUp`, `PageDown`, `Home` on the drawing",
          {kWord},
          Key},
         {"down",
@@ -417,13 +451,11 @@ const std::vector<Verb<Session>> &WindowVerbs() {
              return true;
          }},
         {"wheel",
-         "`wheel N`",
-         "N wheel steps on the drawing (positive zooms in)",
-         {ArgRule{ArgKind::Integer}},
-         [](Session &s, const ScriptArgs &a) {
-             WheelZoom(s.p, a.Int(0));
-             return true;
-         }},
+         "`wheel N [X Y [SHIFT]]`",
+         "N wheel steps on the drawing (positive zooms in) about its centre; with Ctrl (SHIFT 2) "
+         "about the point X Y",
+         {ArgRule{ArgKind::Integer}, kOptionalNumber, kOptionalNumber, kOptionalInteger},
+         Wheel},
         {"resize",
          "`resize W H`",
          "the window's outer size in twips (15 twips per pixel at 96 dpi); the picture is drawn "

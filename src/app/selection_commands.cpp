@@ -194,6 +194,10 @@ void SchVincolo_Click(Program &p) {
                    "Inserire i numeri delle schede di vincolo e premere INVIO");
 }
 
+void TrovaNodo_Click(Program &p) {
+    OpenAnswerLine(p, SelectionMode::FindNode, "Inserire il nome del nodo e premere INVIO");
+}
+
 void Tutto_Click(Program &p) {
     ColourCommand(p, kAllCodes);
 }
@@ -262,6 +266,8 @@ void Risposta_KeyDown(Program &p, int keyCode) {
         SelectByNameString(p, text);
     else if (p.command.selectionMode == SelectionMode::ConstraintCard)
         SelectByConstraintString(p, text);
+    else if (p.command.selectionMode == SelectionMode::FindNode)
+        ZoomToNode(p, text);
 }
 
 } // namespace vorna

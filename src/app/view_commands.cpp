@@ -4,6 +4,7 @@
 #include "app/draw_input.h"
 
 #include "platform/number_text.h"
+#include "platform/tolerance.h"
 #include "projection/navigation.h"
 #include "projection/projection.h"
 #include "projection/visibility.h"
@@ -124,6 +125,61 @@ void Ridis_Click(Program &p) {
     // Asked for in so many words, the redraw tells again about a box it cannot read.
     p.view.refusedAngleTexts = {};
     RedrawView(p);
+}
+
+namespace {
+
+void StandardView(Program &p, const char *ax, const char *ay, const char *az) {
+    p.form.Angolo[0].text = ax;
+    p.form.Angolo[1].text = ay;
+    p.form.Angolo[2].text = az;
+    Ottimizza_Click(p);
+}
+
+} // namespace
+
+// Seen from above: model x to the right, y up.
+void VistaPianta_Click(Program &p) {
+    StandardView(p, "90", "0", "0");
+}
+// Model x to the right, z up.
+void VistaFronte_Click(Program &p) {
+    StandardView(p, "0", "0", "0");
+}
+// Model y to the right, z up.
+void VistaLato_Click(Program &p) {
+    StandardView(p, "0", "90", "0");
+}
+void VistaAssonometria_Click(Program &p) {
+    StandardView(p, "30", "30", "0");
+}
+
+void ZoomToNode(Program &p, const std::string &name) {
+    const StructureModel &m = p.model;
+    int found = -1;
+    for (int i = 0; i < m.nodeCount && found < 0; ++i)
+        if (IntText(m.nodes[i].name) == name && IsLive(m.nodes[i]) && p.view.nodeShown[i])
+            found = i;
+    if (found < 0) {
+        p.ui.MessageBox("Nodo " + name + " non trovato", "MESSAGGIO", MsgIcon::Information,
+                        MsgButtons::Ok);
+        return;
+    }
+    // A tenth of the fitted view, or the zoom in force when that is closer already.
+    ViewWindow fitted;
+    ShownExtents(m, p.view, fitted);
+    double width = std::abs(fitted.xMax - fitted.xMin) / 10;
+    double height = std::abs(fitted.yMax - fitted.yMin) / 10;
+    const ViewWindow &z = p.view.zoomWindow;
+    if (std::abs(z.xMax - z.xMin) >= kTolerance && std::abs(z.xMax - z.xMin) < width) {
+        width = std::abs(z.xMax - z.xMin);
+        height = std::abs(z.yMax - z.yMin);
+    }
+    const int point = m.nodes[found].pointIndex;
+    const double x = ProjectedXOf(p.view, point), y = ProjectedYOf(p.view, point);
+    p.view.zoomWindow = {x + width / 2, x - width / 2, y + height / 2, y - height / 2};
+    RedrawView(p);
+    p.navigation.markedNode = found;
 }
 
 void VisAssi_Click(Program &p) {

@@ -81,6 +81,18 @@ bool WheelZoomWindow(ViewState &view, int steps) {
     return w < 1000000 && h < 1000000 && w > 0.1 && h > 0.1;
 }
 
+bool WheelZoomWindowAbout(const StructureModel &model, ViewState &view, int steps, double x,
+                          double y) {
+    ViewWindow &z = view.zoomWindow;
+    if (std::abs(z.xMax - z.xMin) < 0.1 || std::abs(z.yMax - z.yMin) < 0.1)
+        ShownExtents(model, view, z);
+    const double keep = 1 - 0.2 * steps;
+    z = {x + (z.xMax - x) * keep, x + (z.xMin - x) * keep, y + (z.yMax - y) * keep,
+         y + (z.yMin - y) * keep};
+    const double w = std::abs(z.xMax - z.xMin), h = std::abs(z.yMax - z.yMin);
+    return w < 1000000 && h < 1000000 && w > 0.1 && h > 0.1;
+}
+
 bool NodePickDistance(const StructureModel &model, const ViewState &view, int node, double x,
                       double y, double pickRadius, double &distance) {
     const int point = node >= 0 && node < kNodeCapacity ? model.nodes[node].pointIndex : -1;
@@ -89,19 +101,27 @@ bool NodePickDistance(const StructureModel &model, const ViewState &view, int no
     return distance < pickRadius;
 }
 
-std::string CoordinateReadout(const StructureModel &model, const ViewState &view, double x,
-                              double y, double pickRadius) {
+int NodeUnderCursor(const StructureModel &model, const ViewState &view, double x, double y,
+                    double pickRadius) {
     for (int i = 0; i < model.nodeCount; ++i) {
         const Node &n = model.nodes[i];
         double distance = 0;
-        if (n.name < 1 || n.colour < 1 || !view.nodeShown[i] ||
-            !NodePickDistance(model, view, i, x, y, pickRadius, distance))
-            continue;
-        const Point &p = PointAt(model, n.pointIndex);
-        auto whole = [](double v) { return NumberText(std::floor(v)); };
-        return whole(p.x) + ", " + whole(p.y) + ", " + whole(p.z) + " [N" + IntText(n.name) + "]";
+        if (n.name >= 1 && n.colour >= 1 && view.nodeShown[i] &&
+            NodePickDistance(model, view, i, x, y, pickRadius, distance))
+            return i;
     }
-    return {};
+    return -1;
+}
+
+std::string CoordinateReadout(const StructureModel &model, const ViewState &view, double x,
+                              double y, double pickRadius) {
+    const int i = NodeUnderCursor(model, view, x, y, pickRadius);
+    if (i < 0)
+        return {};
+    const Node &n = model.nodes[i];
+    const Point &p = PointAt(model, n.pointIndex);
+    auto whole = [](double v) { return NumberText(std::floor(v)); };
+    return whole(p.x) + ", " + whole(p.y) + ", " + whole(p.z) + " [N" + IntText(n.name) + "]";
 }
 
 } // namespace vorna

@@ -44,11 +44,19 @@ void PanView(const StructureModel &model, ViewState &view, const ViewWindow &pan
 bool WheelZoomWindow(ViewState &view, int steps);
 
 // True when the node is strictly within the pick radius of (x, y); distance is always written.
+// Narrows (steps > 0) or widens the window by a tenth of its size on each side per step, about
+// (x, y) rather than its centre: what lies at (x, y) stays there. A fitted view starts from
+// the shown extent, which the redraw widens by the same margin as the fit did.
+bool WheelZoomWindowAbout(const StructureModel &model, ViewState &view, int steps, double x,
+                          double y);
 bool NodePickDistance(const StructureModel &model, const ViewState &view, int node, double x,
                       double y, double pickRadius, double &distance);
 
 // The read-out "x, y, z [Nname]" of the first live shown node near (x, y) with a colour of 1 or
 // more, coordinates rounded down; empty when no node is near.
+// The first live, shown node within the pick radius of (x, y), in table order; -1 for none.
+int NodeUnderCursor(const StructureModel &model, const ViewState &view, double x, double y,
+                    double pickRadius);
 std::string CoordinateReadout(const StructureModel &model, const ViewState &view, double x,
                               double y, double pickRadius);
 

@@ -21,6 +21,7 @@ enum class SelectionMode : std::uint8_t {
     Name = 3,
     Direct = 4,
     ConstraintCard = 9,
+    FindNode = 10, // the answer line takes the name of a node to zoom to
 };
 
 struct CommandState {

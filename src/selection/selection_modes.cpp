@@ -34,6 +34,8 @@ const char *ModeCaption(SelectionMode mode) {
         return "Selezione diretta";
     case SelectionMode::ConstraintCard:
         return "Seleziona per vincolo";
+    case SelectionMode::FindNode:
+        return "Trova nodo";
     case SelectionMode::None:
         break;
     }

@@ -171,6 +171,7 @@ TEST_F(WindowTest, DisegnoEventsArriveInDrawingUnits) {
 
 TEST_F(WindowTest, RightClickPopsUpTheViewMenu) {
     Mouse(QEvent::MouseButtonPress, {20, 20}, Qt::RightButton, Qt::RightButton);
+    Mouse(QEvent::MouseButtonRelease, {21, 21}, Qt::RightButton, Qt::NoButton);
     EXPECT_FALSE(program->navigation.popupRequested);
     QMenu *visualizza = Action("&Visualizza")->menu();
     ASSERT_NE(visualizza, nullptr);

@@ -6,6 +6,7 @@
 #include "ui/qt/main_window.h"
 #include "ui/qt/qt_canvas.h"
 #include "ui/qt/qt_ui.h"
+#include "ui/qt/surface_widget.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -246,6 +247,47 @@ TEST(WindowUse, ADrawingNamedWithoutExtensionGetsTheTypes) {
     EXPECT_TRUE(std::filesystem::exists(job / "vista.dis"));
     EXPECT_TRUE(std::filesystem::exists(job / "vista.dxf"));
     EXPECT_FALSE(std::filesystem::exists(job / "vista"));
+}
+
+TEST(WindowUse, ARightDragOrbitsAndARightClickStillPopsUp) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    const QPoint start = w.NodePixel(18);
+    QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
+    QMouseEvent move(QEvent::MouseMove, start + QPoint(20, -10), start + QPoint(20, -10),
+                     Qt::NoButton, Qt::RightButton, Qt::NoModifier);
+    QApplication::sendEvent(w.Disegno(), &move);
+    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(20, -10));
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "35");
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+    QMenu *menu = w.Item("&Visualizza")->menu();
+    EXPECT_FALSE(menu->isVisible());
+
+    QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
+    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(2, 1));
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+}
+
+TEST(WindowUse, TheNodeUnderTheRestingCursorIsRingedOverThePicture) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    auto *disegno = static_cast<SurfaceWidget *>(w.Disegno());
+    const qint64 picture = disegno->Canvas().Image().cacheKey();
+    const QPoint node = w.NodePixel(18);
+    auto rest = [&](QPoint at) {
+        QMouseEvent move(QEvent::MouseMove, at, disegno->mapToGlobal(at), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(disegno, &move);
+    };
+    rest(node + QPoint(2, 1));
+    ASSERT_TRUE(disegno->ShownOverlays().hover.has_value());
+    EXPECT_NEAR(disegno->ShownOverlays().hover->centre.x(), node.x(), 1);
+    EXPECT_NEAR(disegno->ShownOverlays().hover->centre.y(), node.y(), 1);
+    EXPECT_EQ(disegno->Canvas().Image().cacheKey(), picture) << "the model was drawn again";
+    rest(QPoint(3, 3));
+    EXPECT_FALSE(disegno->ShownOverlays().hover.has_value());
 }
 
 } // namespace

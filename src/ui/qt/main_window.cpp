@@ -287,6 +287,18 @@ void MainWindow::SyncOverlays() {
         overlays.moveLine =
             QLineF(canvas.ToPixel(l.left, l.top), canvas.ToPixel(l.width, l.height));
     }
+    // The rings sit around the node's circle, a few pixels out.
+    const NavigationState &n = program_->navigation;
+    auto ring = [&](int node, double gap) -> std::optional<Ring> {
+        if (node < 0 || node >= program_->model.nodeCount)
+            return std::nullopt;
+        const int point = program_->model.nodes[node].pointIndex;
+        return Ring{canvas.ToPixel(ProjectedXOf(program_->view, point),
+                                   ProjectedYOf(program_->view, point)),
+                    program_->displayOptions(opt::kNodeRadius) + gap};
+    };
+    overlays.hover = ring(n.hoverNode, 3);
+    overlays.marker = ring(n.markedNode, 8);
     disegno_->SetOverlays(overlays);
 }
 
@@ -313,10 +325,7 @@ void MainWindow::DisegnoMouse(QMouseEvent *event, int kind) {
         if (button == 0)
             return;
         Run([&](Program &p) { Disegno_MouseDown(p, button, shift, at.x(), at.y()); });
-        if (program_ && program_->navigation.popupRequested) {
-            program_->navigation.popupRequested = false;
-            visualizza_->popup(event->globalPosition().toPoint());
-        }
+        PopUpIfAsked(event);
         break;
     case 1: {
         const int buttons = ButtonsMask(event->buttons());
@@ -327,12 +336,34 @@ void MainWindow::DisegnoMouse(QMouseEvent *event, int kind) {
     case 2:
         if (button != 0)
             Run([&](Program &p) { Disegno_MouseUp(p, button, shift, at.x(), at.y()); });
+        PopUpIfAsked(event);
         break;
     default:
         if (button != 0)
             Run([&](Program &p) { Disegno_DblClick(p, button); });
         break;
     }
+}
+
+void MainWindow::PopUpIfAsked(QMouseEvent *event) {
+    if (program_ && program_->navigation.popupRequested) {
+        program_->navigation.popupRequested = false;
+        visualizza_->popup(event->globalPosition().toPoint());
+    }
+}
+
+void MainWindow::DisegnoKey(QKeyEvent *event) {
+    static const std::pair<int, DrawingKey> keys[] = {
+        {Qt::Key_Left, DrawingKey::Left},       {Qt::Key_Right, DrawingKey::Right},
+        {Qt::Key_Up, DrawingKey::Up},           {Qt::Key_Down, DrawingKey::Down},
+        {Qt::Key_PageUp, DrawingKey::PageUp},   {Qt::Key_PageDown, DrawingKey::PageDown},
+        {Qt::Key_Home, DrawingKey::Home}};
+    for (const auto &[qtKey, key] : keys)
+        if (event->key() == qtKey && event->modifiers() == Qt::NoModifier) {
+            Run([key](Program &p) { Disegno_KeyDown(p, key); });
+            return;
+        }
+    event->ignore();
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event) {

@@ -71,6 +71,8 @@ private:
     QSize WindowSizeOfForm() const;
     void TakeSizeFromWindow();
     void DisegnoMouse(QMouseEvent *event, int kind);
+    void DisegnoKey(QKeyEvent *event);
+    void PopUpIfAsked(QMouseEvent *event);
 
     Program *program_ = nullptr;
     SurfaceWidget *disegno_ = nullptr;

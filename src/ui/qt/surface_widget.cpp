@@ -3,6 +3,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 namespace vorna::qt {
@@ -37,6 +38,14 @@ void SurfaceWidget::paintEvent(QPaintEvent *) {
         p.drawRect(*overlays_.band);
     if (overlays_.moveLine)
         p.drawLine(*overlays_.moveLine);
+    p.setRenderHint(QPainter::Antialiasing);
+    if (overlays_.hover)
+        p.drawEllipse(overlays_.hover->centre, overlays_.hover->radius, overlays_.hover->radius);
+    if (overlays_.marker) {
+        p.setPen(QPen(QColor(255, 200, 0), 2));
+        p.drawEllipse(overlays_.marker->centre, overlays_.marker->radius,
+                      overlays_.marker->radius);
+    }
 }
 
 void SurfaceWidget::resizeEvent(QResizeEvent *) {
@@ -62,8 +71,12 @@ void SurfaceWidget::wheelEvent(QWheelEvent *event) {
     int steps = wheelAngle_ / kNotch;
     wheelAngle_ -= steps * kNotch;
     if (steps != 0)
-        emit Wheeled(steps);
+        emit Wheeled(steps, event->position(), event->modifiers());
     event->accept();
+}
+
+void SurfaceWidget::keyPressEvent(QKeyEvent *event) {
+    emit KeyPressed(event);
 }
 
 } // namespace vorna::qt

@@ -11,10 +11,20 @@
 
 namespace vorna::qt {
 
-// The rubber band and the move line, in pixels of the surface.
+// A ring around a node: centre and radius, pixels.
+struct Ring {
+    QPointF centre;
+    double radius = 0;
+    bool operator==(const Ring &) const = default;
+};
+
+// The rubber band, the move line and the rings around the hovered and the found node, in
+// pixels of the surface.
 struct Overlays {
     std::optional<QRectF> band;
     std::optional<QLineF> moveLine;
+    std::optional<Ring> hover;
+    std::optional<Ring> marker;
     bool operator==(const Overlays &) const = default;
 };
 
@@ -25,13 +35,15 @@ public:
 
     QtCanvas &Canvas() { return canvas_; }
     void SetOverlays(const Overlays &overlays);
+    const Overlays &ShownOverlays() const { return overlays_; }
 
 signals:
     void Pressed(QMouseEvent *event);
     void Moved(QMouseEvent *event);
     void Released(QMouseEvent *event);
     void DoubleClicked(QMouseEvent *event);
-    void Wheeled(int steps);
+    void Wheeled(int steps, QPointF at, Qt::KeyboardModifiers modifiers);
+    void KeyPressed(QKeyEvent *event);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -41,6 +53,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QtCanvas canvas_;

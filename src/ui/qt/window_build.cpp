@@ -165,7 +165,17 @@ void MainWindow::BuildControls(QWidget *client) {
     connect(disegno_, &SurfaceWidget::DoubleClicked, this,
             [this](QMouseEvent *e) { DisegnoMouse(e, 3); });
     connect(disegno_, &SurfaceWidget::Wheeled, this,
-            [this](int steps) { Run([steps](Program &p) { WheelZoom(p, steps); }); });
+            [this](int steps, QPointF at, Qt::KeyboardModifiers modifiers) {
+                // Ctrl + wheel zooms about the cursor; the plain wheel about the centre.
+                const QPointF units = disegno_->Canvas().ToUnits(at);
+                Run([&](Program &p) {
+                    if (modifiers & Qt::ControlModifier)
+                        WheelZoomAt(p, steps, units.x(), units.y());
+                    else
+                        WheelZoom(p, steps);
+                });
+            });
+    connect(disegno_, &SurfaceWidget::KeyPressed, this, [this](QKeyEvent *e) { DisegnoKey(e); });
     Bind("Disegno", disegno_, BindingStyle::Placed);
 
     for (const char *name :
