@@ -346,14 +346,14 @@ TEST_F(Commands, AnswerLineSelectsByNameAndRefusesTooLongStrings) {
     EXPECT_TRUE(p.form.Risposta.enabled);
     EXPECT_EQ(p.form.Risposta.backColour, kWindowColour);
     p.form.Risposta.text = "2,2";
-    Risposta_KeyDown(p, 65);
+    Risposta_KeyDown(p, Key::Home); // only Enter submits
     EXPECT_EQ(p.connection.analogousNodes.size(), 3u);
-    Risposta_KeyDown(p, 13);
+    Risposta_KeyDown(p, Key::Enter);
     EXPECT_EQ(FindInAnalogous(p.connection, 1), 0);
     EXPECT_EQ(p.command.selectionMode, SelectionMode::Name); // the line stays open
 
     p.form.Risposta.text = "1-20001";
-    Risposta_KeyDown(p, 13);
+    Risposta_KeyDown(p, Key::Enter);
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].text, " La stringa di selezione comprende troppi elementi ");
     EXPECT_EQ(ui.messages[0].title, "ERRORE");

@@ -60,6 +60,7 @@ public:
     }
     void SetBusy(bool on) override { busy = on; }
     void RequestExit(int status) override { exitStatus = status; }
+    void PopUpMenu(std::string_view menu) override { popUps.emplace_back(menu); }
 
     std::vector<RecordedMessage> messages;
     std::deque<MsgAnswer> answers;
@@ -67,6 +68,7 @@ public:
     std::deque<std::optional<std::uint32_t>> colours;
     std::deque<std::function<void(Dialog &)>> dialogUsers;
     std::vector<std::string> dialogsShown;
+    std::vector<std::string> popUps;
     bool busy = false;
     int exitStatus = -1;
 };

@@ -103,11 +103,16 @@ struct App {
         p->structureLoaded = true;
         BuildFirstView(*p);
     }
-    void Click(double x, double y, int button = kLeftButton) {
-        Disegno_MouseDown(*p, button, 0, x, y);
-        Disegno_MouseUp(*p, button, 0, x, y);
+    void Mouse(MouseEvent::Kind kind, double x, double y, MouseButton button = kLeftButton) {
+        Disegno_Mouse(*p, {.kind = kind, .button = button, .x = x, .y = y});
     }
-    void Move(double x, double y, int buttons = 0) { Disegno_MouseMove(*p, buttons, 0, x, y); }
+    void Click(double x, double y, MouseButton button = kLeftButton) {
+        Mouse(MouseEvent::Kind::Press, x, y, button);
+        Mouse(MouseEvent::Kind::Release, x, y, button);
+    }
+    void Move(double x, double y, int held = kNoButton) {
+        Disegno_Mouse(*p, {.kind = MouseEvent::Kind::Move, .held = held, .x = x, .y = y});
+    }
 };
 
 void ExpectWindow(const ViewWindow &w, double xMax, double xMin, double yMax, double yMin) {
@@ -599,7 +604,8 @@ TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
     std::vector<bool> seen;
     auto press = [&](double x, double y) {
         Dispatch(p, [&](Program &q) {
-            Disegno_MouseDown(q, kLeftButton, 0, x, y);
+            Disegno_Mouse(q, {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x,
+                              .y = y});
             seen.push_back(app.ui.busy);
         });
         seen.push_back(app.ui.busy);
@@ -663,9 +669,9 @@ TEST(ViewCommands, ZoomRectangleEitherWayMoveAndFit) {
     EXPECT_NEAR(app.disegno.Scale().top, before.top - 5, 1e-9);
     EXPECT_FALSE(p.navigation.movePending || p.form.LineSposta.visible);
 
-    Disegno_DblClick(p, kLeftButton);
+    app.Mouse(MouseEvent::Kind::DoubleClick, 0, 0, kLeftButton);
     EXPECT_NE(p.view.zoomWindow.xMax, 0);
-    Disegno_DblClick(p, kMiddleButton);
+    app.Mouse(MouseEvent::Kind::DoubleClick, 0, 0, kMiddleButton);
     ExpectWindow(p.view.zoomWindow, 0, 0, 0, 0);
     ExpectWindow(p.view.shownWindow, 110.05, -11.555, 110.32, -14.552);
 }
@@ -674,7 +680,7 @@ TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
     App app(Square());
     Program &p = *app.p;
     const ScaleRect atPress = app.disegno.Scale();
-    Disegno_MouseDown(p, kMiddleButton, 0, 0, 0);
+    app.Mouse(MouseEvent::Kind::Press, 0, 0, kMiddleButton);
     app.Move(10, 5, kMiddleButton); // from the fit state: the shown extent, no margin
     ExpectWindow(p.view.zoomWindow, 90, -10.5, 95, -8.2);
     // The next move comes in the units of the redrawn picture: the spot of the surface that
@@ -685,12 +691,12 @@ TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
 
     p.view.zoomWindow = {100, 0, 100, 0};
     app.disegno.calls.clear();
-    WheelZoom(p, 1);
+    Disegno_Mouse(p, {.kind = MouseEvent::Kind::Wheel, .wheelSteps = 1});
     ExpectWindow(p.view.zoomWindow, 90, 10, 90, 10);
     EXPECT_EQ(app.disegno.Of(CanvasCall::SetScale).size(), 1u);
 
     app.Click(5, 5, kRightButton);
-    EXPECT_TRUE(p.navigation.popupRequested);
+    EXPECT_EQ(app.ui.popUps, std::vector<std::string>{"Visualizza"});
 
     app.Move(-0.4, -3.1);
     EXPECT_EQ(p.form.LabCoord.caption, "-1, 2, -4 [N17]");

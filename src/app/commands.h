@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/program.h"
+#include "platform/input.h"
 #include "connection/analogy.h"
 
 #include <string_view>
@@ -108,22 +109,14 @@ void SalvaGeom_Click(Program &);
 void SalvaSoll_Click(Program &);
 
 // Events of the window's controls.
-enum MouseButton { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
-// mouse.cpp: x, y in drawing units of Disegno.
-void Disegno_MouseDown(Program &, int button, int shift, double x, double y);
-void Disegno_MouseMove(Program &, int buttons, int shift, double x, double y);
-void Disegno_MouseUp(Program &, int button, int shift, double x, double y);
-void Disegno_DblClick(Program &, int button);
-void WheelZoom(Program &, int steps);
-// Ctrl + wheel: zooms about (x, y), which stays under the cursor.
-void WheelZoomAt(Program &, int steps, double x, double y);
-// The keys that move the view while the drawing has the focus.
-enum class DrawingKey { Left, Right, Up, Down, PageUp, PageDown, Home };
-void Disegno_KeyDown(Program &, DrawingKey key);
+// mouse.cpp: the mouse on Disegno (positions in its drawing units), and the keys that move the
+// view while the drawing has the focus.
+void Disegno_Mouse(Program &, const MouseEvent &event);
+void Disegno_KeyDown(Program &, Key key);
 // selection_commands.cpp: the left-button parts that belong to selection.
 void FinishWindowSelection(Program &);
 void PickAt(Program &, double x, double y);
-void Risposta_KeyDown(Program &, int keyCode);
+void Risposta_KeyDown(Program &, Key key);
 // connection_commands.cpp
 void LabelTipo_Click(Program &, int index);
 

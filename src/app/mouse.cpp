@@ -132,31 +132,30 @@ double PixelsFromPress(const Program &p, double x, double y) {
                                     : 0;
 }
 
-} // namespace
-
-void Disegno_MouseDown(Program &p, int button, int shift, double x, double y) {
+void Press(Program &p, const MouseEvent &e) {
     NavigationState &n = p.navigation;
-    n.lastButton = button;
-    if (button == kRightButton || (button == kMiddleButton && (shift & kShiftMask) != 0)) {
-        StartOrbit(p, x, y);
-    } else if (button == kMiddleButton) {
-        Place(p.form.LineSposta, x, y, x, y);
+    n.lastButton = e.button;
+    if (e.button == kRightButton || (e.button == kMiddleButton && e.modifiers.shift)) {
+        StartOrbit(p, e.x, e.y);
+    } else if (e.button == kMiddleButton) {
+        Place(p.form.LineSposta, e.x, e.y, e.x, e.y);
         n.panStartWindow = p.view.zoomWindow;
         n.panStartScale = p.disegno.Scale();
-    } else if (button == kLeftButton) {
+    } else if (e.button == kLeftButton) {
         const bool cornerBefore = n.windowCornerSet;
-        HoldPress(p, x, y);
-        LeftPress(p, x, y);
+        HoldPress(p, e.x, e.y);
+        LeftPress(p, e.x, e.y);
         n.cornerPressed = !cornerBefore && n.windowCornerSet;
     }
 }
 
-void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
+void Move(Program &p, const MouseEvent &e) {
     NavigationState &n = p.navigation;
     Control &line = p.form.LineSposta;
-    if (n.orbitHeld && (buttons & (kRightButton | kMiddleButton)) != 0) {
+    const double x = e.x, y = e.y;
+    if (n.orbitHeld && (e.held & (kRightButton | kMiddleButton)) != 0) {
         OrbitTo(p, x, y);
-    } else if ((buttons & kMiddleButton) != 0 && n.lastButton == kMiddleButton) {
+    } else if ((e.held & kMiddleButton) != 0 && n.lastButton == kMiddleButton) {
         std::tie(line.width, line.height) = InScaleOf(n.panStartScale, p.disegno.Scale(), x, y);
         PanView(p.model, p.view, n.panStartWindow, line.width - line.left, line.height - line.top);
         RedrawView(p);
@@ -179,55 +178,74 @@ void Disegno_MouseMove(Program &p, int buttons, int, double x, double y) {
 
 // A release ends the two drags: the orbit (a right click that did not move is the pop-up of
 // the view menu), and a rectangle dragged out from its first corner.
-void Disegno_MouseUp(Program &p, int button, int, double x, double y) {
+void Release(Program &p, const MouseEvent &e) {
     NavigationState &n = p.navigation;
-    if (n.orbitHeld && (button == kRightButton || button == kMiddleButton)) {
+    if (n.orbitHeld && (e.button == kRightButton || e.button == kMiddleButton)) {
         n.orbitHeld = false;
-        if (button == kRightButton && n.orbitTravel < kDragPixels)
-            n.popupRequested = true;
-    } else if (button == kLeftButton && n.cornerPressed) {
+        if (e.button == kRightButton && n.orbitTravel < kDragPixels)
+            p.ui.PopUpMenu("Visualizza");
+    } else if (e.button == kLeftButton && n.cornerPressed) {
         n.cornerPressed = false;
-        if (n.windowCornerSet && PixelsFromPress(p, x, y) >= kDragPixels)
-            LeftPress(p, x, y);
+        if (n.windowCornerSet && PixelsFromPress(p, e.x, e.y) >= kDragPixels)
+            LeftPress(p, e.x, e.y);
     }
 }
 
-void Disegno_DblClick(Program &p, int button) {
-    if (button == kMiddleButton)
-        Ottimizza_Click(p);
-}
-
-void WheelZoom(Program &p, int steps) {
-    if (WheelZoomWindow(p.view, steps))
+// The wheel zooms about the centre; with Ctrl about the cursor, which stays over its point.
+void Wheel(Program &p, const MouseEvent &e) {
+    const bool zoomed = e.modifiers.control
+                            ? WheelZoomWindowAbout(p.model, p.view, e.wheelSteps, e.x, e.y)
+                            : WheelZoomWindow(p.view, e.wheelSteps);
+    if (zoomed)
         RedrawView(p);
 }
 
-void WheelZoomAt(Program &p, int steps, double x, double y) {
-    if (WheelZoomWindowAbout(p.model, p.view, steps, x, y))
-        RedrawView(p);
+} // namespace
+
+void Disegno_Mouse(Program &p, const MouseEvent &e) {
+    switch (e.kind) {
+    case MouseEvent::Kind::Press:
+        Press(p, e);
+        break;
+    case MouseEvent::Kind::Move:
+        Move(p, e);
+        break;
+    case MouseEvent::Kind::Release:
+        Release(p, e);
+        break;
+    case MouseEvent::Kind::DoubleClick:
+        if (e.button == kMiddleButton)
+            Ottimizza_Click(p);
+        break;
+    case MouseEvent::Kind::Wheel:
+        Wheel(p, e);
+        break;
+    }
 }
 
-void Disegno_KeyDown(Program &p, DrawingKey key) {
+void Disegno_KeyDown(Program &p, Key key) {
     const std::array<double, 3> &a = p.view.lastAngles;
     switch (key) {
-    case DrawingKey::Left:
-    case DrawingKey::Right:
-        SetAngle(p, 1, a[1] + (key == DrawingKey::Right ? kKeyTurnDegrees : -kKeyTurnDegrees));
+    case Key::Left:
+    case Key::Right:
+        SetAngle(p, 1, a[1] + (key == Key::Right ? kKeyTurnDegrees : -kKeyTurnDegrees));
         RedrawView(p);
         break;
-    case DrawingKey::Up:
-    case DrawingKey::Down:
-        SetAngle(p, 0, a[0] + (key == DrawingKey::Up ? kKeyTurnDegrees : -kKeyTurnDegrees));
+    case Key::Up:
+    case Key::Down:
+        SetAngle(p, 0, a[0] + (key == Key::Up ? kKeyTurnDegrees : -kKeyTurnDegrees));
         RedrawView(p);
         break;
-    case DrawingKey::PageUp:
-        WheelZoom(p, 1);
+    case Key::PageUp:
+    case Key::PageDown:
+        Disegno_Mouse(p, {.kind = MouseEvent::Kind::Wheel,
+                          .wheelSteps = key == Key::PageUp ? 1 : -1});
         break;
-    case DrawingKey::PageDown:
-        WheelZoom(p, -1);
-        break;
-    case DrawingKey::Home:
+    case Key::Home:
         Ottimizza_Click(p);
+        break;
+    case Key::Enter:
+    case Key::Escape:
         break;
     }
 }

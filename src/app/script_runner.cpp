@@ -36,6 +36,10 @@ template <typename T> std::optional<T> Next(std::deque<std::optional<T>> &queue)
 
 } // namespace
 
+void ScriptUi::PopUpMenu(std::string_view menu) {
+    out_ << "popup|" << Cp1252ToUtf8(menu) << '\n';
+}
+
 std::optional<SaveDialogResult> ScriptUi::SaveFile(const SaveDialogRequest &) {
     return Next(saveChoices);
 }

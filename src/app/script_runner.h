@@ -31,6 +31,8 @@ public:
     void RunDialog(Dialog &dialog) override;
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
+    // Printed as `popup|NAME` where the window would open the menu.
+    void PopUpMenu(std::string_view menu) override;
 
     std::deque<MsgAnswer> answers;                           // OK when none is queued
     std::deque<std::optional<SaveDialogResult>> saveChoices; // cancel when none is queued

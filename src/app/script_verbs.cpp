@@ -139,14 +139,13 @@ bool Option(Session &s, const ScriptArgs &a) {
     return true;
 }
 
-bool Key(Session &s, const ScriptArgs &a) {
-    static const std::pair<const char *, DrawingKey> drawingKeys[] = {
-        {"Left", DrawingKey::Left},     {"Right", DrawingKey::Right},
-        {"Up", DrawingKey::Up},         {"Down", DrawingKey::Down},
-        {"PageUp", DrawingKey::PageUp}, {"PageDown", DrawingKey::PageDown},
-        {"Home", DrawingKey::Home}};
+bool KeyVerb(Session &s, const ScriptArgs &a) {
+    static const std::pair<const char *, Key> drawingKeys[] = {
+        {"Left", Key::Left},     {"Right", Key::Right},       {"Up", Key::Up},
+        {"Down", Key::Down},     {"PageUp", Key::PageUp},     {"PageDown", Key::PageDown},
+        {"Home", Key::Home}};
     if (a.text[0] == "Enter") {
-        Risposta_KeyDown(s.p, 13);
+        Risposta_KeyDown(s.p, Key::Enter);
         return true;
     }
     if (a.text[0] == "Esc") {
@@ -161,57 +160,49 @@ bool Key(Session &s, const ScriptArgs &a) {
     return false;
 }
 
-// Where the window would open the "Visualizza" menu at the cursor, the runner says so.
-void ReportPopUp(Session &s) {
-    if (s.p.navigation.popupRequested) {
-        s.p.navigation.popupRequested = false;
-        s.out << "popup|Visualizza\n";
-    }
-}
-
 bool Wheel(Session &s, const ScriptArgs &a) {
     const int shift = a.Has(3) ? a.Int(3) : 0;
     if (a.Has(1) != a.Has(2) || (a.Has(3) && !a.Has(2)) || shift < 0 || shift > 7)
         return false;
-    if (a.Has(1) && (shift & 2) != 0)
-        WheelZoomAt(s.p, a.Int(0), a.number[1], a.number[2]);
-    else
-        WheelZoom(s.p, a.Int(0));
+    MouseEvent wheel{.kind = MouseEvent::Kind::Wheel, .wheelSteps = a.Int(0)};
+    if (a.Has(1)) {
+        wheel.modifiers = Modifiers::FromCode(shift);
+        wheel.x = a.number[1];
+        wheel.y = a.number[2];
+    }
+    Disegno_Mouse(s.p, wheel);
     return true;
 }
 
 // The mouse on Disegno: buttons 1 left, 2 right, 4 middle (a mask while moving).
-bool Mouse(Session &s, const ScriptArgs &a, char kind) {
-    const double x = a.number[0], y = a.number[1];
+bool Mouse(Session &s, const ScriptArgs &a, MouseEvent::Kind kind) {
     const bool given = a.Has(2);
     const int button = given ? a.Int(2) : kLeftButton;
     const int shift = a.Has(3) ? a.Int(3) : 0;
     const bool single = button == kLeftButton || button == kRightButton || button == kMiddleButton;
-    if ((kind == 'm' ? button < 0 || button > 7 : !single) || shift < 0 || shift > 7)
+    if ((kind == MouseEvent::Kind::Move ? button < 0 || button > 7 : !single) || shift < 0 ||
+        shift > 7)
         return false;
-    Program &p = s.p;
-    switch (kind) {
-    case 'd':
-        Disegno_MouseDown(p, button, shift, x, y);
-        break;
-    case 'u':
-        Disegno_MouseUp(p, button, shift, x, y);
-        break;
-    case 'm':
-        Disegno_MouseMove(p, given ? button : 0, shift, x, y);
-        break;
-    case 'c':
-        Disegno_MouseDown(p, button, shift, x, y);
-        Disegno_MouseUp(p, button, shift, x, y);
-        break;
-    default: // a double click: the press and release that come before it, then its own release
-        Disegno_MouseDown(p, button, shift, x, y);
-        Disegno_MouseUp(p, button, shift, x, y);
-        Disegno_DblClick(p, button);
-        Disegno_MouseUp(p, button, shift, x, y);
-        break;
+    MouseEvent e{.kind = kind, .modifiers = Modifiers::FromCode(shift), .x = a.number[0],
+                 .y = a.number[1]};
+    if (kind == MouseEvent::Kind::Move)
+        e.held = given ? button : kNoButton;
+    else
+        e.button = static_cast<MouseButton>(button);
+    Disegno_Mouse(s.p, e);
+    return true;
+}
+
+// A click is a press and a release; a double click, the click before it, then its own event
+// and release.
+bool Click(Session &s, const ScriptArgs &a, bool twice) {
+    for (MouseEvent::Kind kind : {MouseEvent::Kind::Press, MouseEvent::Kind::Release})
+        if (!Mouse(s, a, kind))
+            return false;
+    if (twice) {
+        Mouse(s, a, MouseEvent::Kind::DoubleClick);
+        Mouse(s, a, MouseEvent::Kind::Release);
     }
-    ReportPopUp(s);
     return true;
 }
 
@@ -221,10 +212,12 @@ bool ClickNode(Session &s, const ScriptArgs &a) {
     for (int i = 0; i < m.nodeCount; ++i) {
         const Node &n = m.nodes[i];
         if (std::to_string(n.name) == a.text[0] && IsLive(n) && p.view.nodeShown[i]) {
-            const double x = ProjectedXOf(p.view, n.pointIndex);
-            const double y = ProjectedYOf(p.view, n.pointIndex);
-            Disegno_MouseDown(s.p, kLeftButton, 0, x, y);
-            Disegno_MouseUp(s.p, kLeftButton, 0, x, y);
+            MouseEvent click{.button = kLeftButton, .x = ProjectedXOf(p.view, n.pointIndex),
+                             .y = ProjectedYOf(p.view, n.pointIndex)};
+            for (MouseEvent::Kind kind : {MouseEvent::Kind::Press, MouseEvent::Kind::Release}) {
+                click.kind = kind;
+                Disegno_Mouse(s.p, click);
+            }
             return true;
         }
     }
@@ -407,34 +400,34 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          "Enter in the answer line `Risposta`; Esc on the window; `Left`, `Right`, `Up`, `Down`, "
          "`PageUp`, `PageDown`, `Home` on the drawing",
          {kWord},
-         Key},
+         KeyVerb},
         {"down",
          "`down X Y [BUTTON [SHIFT]]`",
          "mouse press on the drawing `Disegno`, X and Y in drawing units; BUTTON 1 left "
          "(default), 2 right, 4 middle; SHIFT 1 shift, 2 ctrl, 4 alt",
          {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
-         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'd'); }},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, MouseEvent::Kind::Press); }},
         {"up",
          "`up X Y [BUTTON [SHIFT]]`",
          "mouse release on the drawing",
          {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
-         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'u'); }},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, MouseEvent::Kind::Release); }},
         {"move",
          "`move X Y [BUTTONS [SHIFT]]`",
          "mouse move on the drawing, BUTTONS the buttons held (a sum of 1, 2, 4; none by "
          "default)",
          {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
-         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'm'); }},
+         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, MouseEvent::Kind::Move); }},
         {"click",
          "`click X Y [BUTTON [SHIFT]]`",
          "press and release on the drawing",
          {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
-         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'c'); }},
+         [](Session &s, const ScriptArgs &a) { return Click(s, a, false); }},
         {"dblclick",
          "`dblclick X Y [BUTTON [SHIFT]]`",
          "double click on the drawing",
          {kNumber, kNumber, kOptionalInteger, kOptionalInteger},
-         [](Session &s, const ScriptArgs &a) { return Mouse(s, a, 'b'); }},
+         [](Session &s, const ScriptArgs &a) { return Click(s, a, true); }},
         {"clicknode",
          "`clicknode NAME`",
          "a left click at the projected position of the first live, shown node with that name",

@@ -12,7 +12,6 @@
 namespace vorna {
 namespace {
 
-constexpr int kEnterKey = 13;
 
 // The analogy parameters are read when the command runs, as the side bar holds them then.
 SelectionContext ContextOf(Program &p) {
@@ -247,7 +246,7 @@ void PickAt(Program &p, double x, double y) {
             function != ActiveFunction::ShowBarTypes) {
             p.command.autoWindow = true;
             Finestra_Click(p);
-            Disegno_MouseDown(p, kLeftButton, 0, x, y);
+            Disegno_Mouse(p, {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x, .y = y});
         }
     } else if (function == ActiveFunction::ChooseBaseNode) {
         ChooseBaseNodeByPick(p, name);
@@ -258,9 +257,9 @@ void PickAt(Program &p, double x, double y) {
     }
 }
 
-void Risposta_KeyDown(Program &p, int keyCode) {
+void Risposta_KeyDown(Program &p, Key key) {
     const std::string text = p.form.Risposta.text;
-    if (keyCode != kEnterKey || text.empty())
+    if (key != Key::Enter || text.empty())
         return;
     if (p.command.selectionMode == SelectionMode::Name)
         SelectByNameString(p, text);

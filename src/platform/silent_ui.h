@@ -16,6 +16,7 @@ public:
     void RunDialog(Dialog &dialog) override { dialog.Escape(); }
     void SetBusy(bool) override {}
     void RequestExit(int) override {}
+    void PopUpMenu(std::string_view) override {}
 };
 
 } // namespace vorna

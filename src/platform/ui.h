@@ -45,6 +45,8 @@ public:
     virtual void SetBusy(bool busy) = 0;
     // Ends the program once control returns to the front end; the core never calls exit().
     virtual void RequestExit(int status) = 0;
+    // Opens the menu of that name at the mouse pointer (a right click on the drawing).
+    virtual void PopUpMenu(std::string_view menu) = 0;
 };
 
 } // namespace vorna

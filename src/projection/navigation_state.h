@@ -33,8 +33,6 @@ struct NavigationState {
     int hoverNode = -1;
     int markedNode = -1;
     double pickRadius = 0;
-    // A right click asks the front end to pop up the "Visualizza" menu at the cursor.
-    bool popupRequested = false;
     // The four view offsets that start-up clears.
     std::array<double, 4> offsets{};
 };

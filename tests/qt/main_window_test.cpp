@@ -172,7 +172,10 @@ TEST_F(WindowTest, DisegnoEventsArriveInDrawingUnits) {
 TEST_F(WindowTest, RightClickPopsUpTheViewMenu) {
     Mouse(QEvent::MouseButtonPress, {20, 20}, Qt::RightButton, Qt::RightButton);
     Mouse(QEvent::MouseButtonRelease, {21, 21}, Qt::RightButton, Qt::NoButton);
-    EXPECT_FALSE(program->navigation.popupRequested);
+    EXPECT_EQ(ui.popUps, std::vector<std::string>{"Visualizza"});
+    // The window's Ui opens the menu of that name.
+    QtUi windowUi(&window);
+    windowUi.PopUpMenu("Visualizza");
     QMenu *visualizza = Action("&Visualizza")->menu();
     ASSERT_NE(visualizza, nullptr);
     EXPECT_TRUE(visualizza->isVisible());

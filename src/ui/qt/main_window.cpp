@@ -29,7 +29,7 @@ namespace {
 // menu bars of the design; with them the layout rule's bottom row ends just inside the client.
 constexpr double kFrameTwipsX = 60, kFrameTwipsY = 750;
 
-int ButtonCode(Qt::MouseButton button) {
+MouseButton ButtonOf(Qt::MouseButton button) {
     switch (button) {
     case Qt::LeftButton:
         return kLeftButton;
@@ -38,14 +38,19 @@ int ButtonCode(Qt::MouseButton button) {
     case Qt::MiddleButton:
         return kMiddleButton;
     default:
-        return 0;
+        return kNoButton;
     }
 }
 
-int ButtonsMask(Qt::MouseButtons buttons) {
+int ButtonsHeld(Qt::MouseButtons buttons) {
     return (buttons & Qt::LeftButton ? kLeftButton : 0) |
            (buttons & Qt::RightButton ? kRightButton : 0) |
            (buttons & Qt::MiddleButton ? kMiddleButton : 0);
+}
+
+Modifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
+    return {(modifiers & Qt::ShiftModifier) != 0, (modifiers & Qt::ControlModifier) != 0,
+            (modifiers & Qt::AltModifier) != 0};
 }
 
 // The widest text a label of the status row can show, pixels.
@@ -56,11 +61,6 @@ int WidestText(const QWidget *label, std::initializer_list<const char *> caption
     for (const char *caption : captions)
         widest = std::max(widest, metrics.horizontalAdvance(ToQString(caption)));
     return widest;
-}
-
-int ShiftState(Qt::KeyboardModifiers modifiers) {
-    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
-           (modifiers & Qt::AltModifier ? 4 : 0);
 }
 
 } // namespace
@@ -316,48 +316,37 @@ void MainWindow::Run(const std::function<void(Program &)> &command, BusyWhile bu
         close();
 }
 
-void MainWindow::DisegnoMouse(QMouseEvent *event, int kind) {
+void MainWindow::DisegnoMouse(QMouseEvent *event, MouseEvent::Kind kind) {
     const QPointF at = disegno_->Canvas().ToUnits(event->position());
-    const int shift = ShiftState(event->modifiers());
-    const int button = ButtonCode(event->button());
-    switch (kind) {
-    case 0:
-        if (button == 0)
-            return;
-        Run([&](Program &p) { Disegno_MouseDown(p, button, shift, at.x(), at.y()); });
-        PopUpIfAsked(event);
-        break;
-    case 1: {
-        const int buttons = ButtonsMask(event->buttons());
-        Run([&](Program &p) { Disegno_MouseMove(p, buttons, shift, at.x(), at.y()); },
-            BusyWhile::Never);
-        break;
-    }
-    case 2:
-        if (button != 0)
-            Run([&](Program &p) { Disegno_MouseUp(p, button, shift, at.x(), at.y()); });
-        PopUpIfAsked(event);
-        break;
-    default:
-        if (button != 0)
-            Run([&](Program &p) { Disegno_DblClick(p, button); });
-        break;
+    MouseEvent e{.kind = kind,
+                 .button = ButtonOf(event->button()),
+                 .held = ButtonsHeld(event->buttons()),
+                 .modifiers = ModifiersOf(event->modifiers()),
+                 .x = at.x(),
+                 .y = at.y()};
+    if (kind == MouseEvent::Kind::Move) {
+        // Moves come by the hundred and each answers at once: no busy pointer for them.
+        Run([&](Program &p) { Disegno_Mouse(p, e); }, BusyWhile::Never);
+    } else if (e.button != kNoButton) {
+        Run([&](Program &p) { Disegno_Mouse(p, e); });
     }
 }
 
-void MainWindow::PopUpIfAsked(QMouseEvent *event) {
-    if (program_ && program_->navigation.popupRequested) {
-        program_->navigation.popupRequested = false;
-        visualizza_->popup(event->globalPosition().toPoint());
-    }
+void MainWindow::DisegnoWheel(int steps, QPointF at, Qt::KeyboardModifiers modifiers) {
+    const QPointF units = disegno_->Canvas().ToUnits(at);
+    const MouseEvent e{.kind = MouseEvent::Kind::Wheel,
+                       .modifiers = ModifiersOf(modifiers),
+                       .x = units.x(),
+                       .y = units.y(),
+                       .wheelSteps = steps};
+    Run([&](Program &p) { Disegno_Mouse(p, e); });
 }
 
 void MainWindow::DisegnoKey(QKeyEvent *event) {
-    static const std::pair<int, DrawingKey> keys[] = {
-        {Qt::Key_Left, DrawingKey::Left},       {Qt::Key_Right, DrawingKey::Right},
-        {Qt::Key_Up, DrawingKey::Up},           {Qt::Key_Down, DrawingKey::Down},
-        {Qt::Key_PageUp, DrawingKey::PageUp},   {Qt::Key_PageDown, DrawingKey::PageDown},
-        {Qt::Key_Home, DrawingKey::Home}};
+    static const std::pair<int, Key> keys[] = {
+        {Qt::Key_Left, Key::Left},     {Qt::Key_Right, Key::Right},       {Qt::Key_Up, Key::Up},
+        {Qt::Key_Down, Key::Down},     {Qt::Key_PageUp, Key::PageUp},     {Qt::Key_PageDown, Key::PageDown},
+        {Qt::Key_Home, Key::Home}};
     for (const auto &[qtKey, key] : keys)
         if (event->key() == qtKey && event->modifiers() == Qt::NoModifier) {
             Run([key](Program &p) { Disegno_KeyDown(p, key); });

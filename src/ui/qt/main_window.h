@@ -4,6 +4,7 @@
 
 #include "app/dispatch.h"
 #include "app/program.h"
+#include "platform/input.h"
 #include "ui/qt/control_binding.h"
 #include "ui/qt/surface_widget.h"
 
@@ -70,9 +71,9 @@ private:
     void SyncStatusRow();
     QSize WindowSizeOfForm() const;
     void TakeSizeFromWindow();
-    void DisegnoMouse(QMouseEvent *event, int kind);
+    void DisegnoMouse(QMouseEvent *event, MouseEvent::Kind kind);
+    void DisegnoWheel(int steps, QPointF at, Qt::KeyboardModifiers modifiers);
     void DisegnoKey(QKeyEvent *event);
-    void PopUpIfAsked(QMouseEvent *event);
 
     Program *program_ = nullptr;
     SurfaceWidget *disegno_ = nullptr;
@@ -80,7 +81,6 @@ private:
     QToolBar *toolbar_ = nullptr;
     QScrollArea *sideBar_ = nullptr;
     bool keepStatusRowWhole_ = true;
-    QMenu *visualizza_ = nullptr;
     std::vector<Binding> bindings_;
     std::vector<MenuAction> actions_;
     std::vector<QKeySequence> shortcuts_;

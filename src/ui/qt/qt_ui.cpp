@@ -8,9 +8,11 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCursor>
 #include <QFileDialog>
 #include <QLibraryInfo>
 #include <QMessageBox>
+#include <QMenu>
 #include <QMetaObject>
 #include <QTranslator>
 
@@ -123,6 +125,16 @@ void QtUi::SetBusy(bool busy) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
+}
+
+void QtUi::PopUpMenu(std::string_view menu) {
+    if (!parent_)
+        return;
+    for (QMenu *m : parent_->findChildren<QMenu *>())
+        if (m->objectName() == ToQString(menu)) {
+            m->popup(QCursor::pos());
+            return;
+        }
 }
 
 void QtUi::RequestExit(int status) {

@@ -23,6 +23,8 @@ public:
     void SetBusy(bool busy) override;
     // The loop ends once the running command has returned to it.
     void RequestExit(int status) override;
+    // The window's menu of that name, at the pointer.
+    void PopUpMenu(std::string_view menu) override;
 
 private:
     // Runs show, which opens a dialog, with the busy pointer off.

@@ -54,13 +54,13 @@ void MainWindow::BuildMenus() {
             auto parent = menus.find(row.parent);
             QMenu *menu = parent != menus.end() ? parent->second->addMenu(row.name)
                                                 : menuBar()->addMenu(row.name);
+            menu->setObjectName(row.name);
             actions_.push_back({row.name, menu->menuAction(), nullptr});
             menus[row.name] = menu;
         } else if (row.kind == RowKind::MenuItem) {
             AddMenuItem(menus.at(row.parent), row);
         }
     }
-    visualizza_ = menus.at("Visualizza");
 }
 
 void MainWindow::BuildToolbar(QWidget *client) {
@@ -157,24 +157,16 @@ void MainWindow::BuildControls(QWidget *client) {
 
     disegno_ = new SurfaceWidget(Qt::black, client);
     disegno_->setMouseTracking(true);
+    using Kind = MouseEvent::Kind;
     connect(disegno_, &SurfaceWidget::Pressed, this,
-            [this](QMouseEvent *e) { DisegnoMouse(e, 0); });
-    connect(disegno_, &SurfaceWidget::Moved, this, [this](QMouseEvent *e) { DisegnoMouse(e, 1); });
+            [this](QMouseEvent *e) { DisegnoMouse(e, Kind::Press); });
+    connect(disegno_, &SurfaceWidget::Moved, this,
+            [this](QMouseEvent *e) { DisegnoMouse(e, Kind::Move); });
     connect(disegno_, &SurfaceWidget::Released, this,
-            [this](QMouseEvent *e) { DisegnoMouse(e, 2); });
+            [this](QMouseEvent *e) { DisegnoMouse(e, Kind::Release); });
     connect(disegno_, &SurfaceWidget::DoubleClicked, this,
-            [this](QMouseEvent *e) { DisegnoMouse(e, 3); });
-    connect(disegno_, &SurfaceWidget::Wheeled, this,
-            [this](int steps, QPointF at, Qt::KeyboardModifiers modifiers) {
-                // Ctrl + wheel zooms about the cursor; the plain wheel about the centre.
-                const QPointF units = disegno_->Canvas().ToUnits(at);
-                Run([&](Program &p) {
-                    if (modifiers & Qt::ControlModifier)
-                        WheelZoomAt(p, steps, units.x(), units.y());
-                    else
-                        WheelZoom(p, steps);
-                });
-            });
+            [this](QMouseEvent *e) { DisegnoMouse(e, Kind::DoubleClick); });
+    connect(disegno_, &SurfaceWidget::Wheeled, this, &MainWindow::DisegnoWheel);
     connect(disegno_, &SurfaceWidget::KeyPressed, this, [this](QKeyEvent *e) { DisegnoKey(e); });
     Bind("Disegno", disegno_, BindingStyle::Placed);
 
@@ -183,7 +175,7 @@ void MainWindow::BuildControls(QWidget *client) {
         Bind(name, Label(client), BindingStyle::Placed);
     auto *risposta = new QLineEdit(client);
     connect(risposta, &QLineEdit::returnPressed, this,
-            [this] { Run([](Program &p) { Risposta_KeyDown(p, 13); }); });
+            [this] { Run([](Program &p) { Risposta_KeyDown(p, Key::Enter); }); });
     Bind("Risposta", risposta, BindingStyle::Placed);
 
     for (int i = 0; i < 3; ++i) {
