@@ -1,5 +1,6 @@
 // Fuzz target: the script runner on the demo job, with scripts made of the language's own verbs,
 // menu items, buttons and controls, their arguments at and past their limits, and random bytes.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/script_runner.h"
 #include "app/script_verbs.h"

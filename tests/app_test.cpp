@@ -1,5 +1,6 @@
 // Tests of the folders, the start-up sequence, the form's table and its commands, and the script
 // runner's first commands.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/folders.h"
 #include "app/script_runner.h"

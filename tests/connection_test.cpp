@@ -1,6 +1,7 @@
 // Tests of the connection: the analogous list, the base node, the analogy test, the bar types,
 // the schema and the connection commands, with differential tests of the fast structures
 // against the procedures as written on random frames.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "connection/assignment.h"
 #include "connection/bar_types.h"

@@ -1,5 +1,6 @@
 // Tests of the files exchanged with the suite: "VornaNIn.txt" read, "Collegamenti.txt",
 // "Dati_Coll_3D.txt" and "VornaOut.txt" written byte for byte, and the File commands.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"

@@ -1,5 +1,6 @@
 // Tests of node selection: the selection string, the pick, the designating loops and the
 // selection commands on a small hand-made model.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "model/messages.h"
 #include "platform/plain_canvas.h"

@@ -1,5 +1,6 @@
 // Tests of the 3D view: projection, filters and fit, rendering, the stroke font and primitives,
 // the drawing buffers, and the navigation gestures through the window's commands.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/dispatch.h"
 #include "app/draw_input.h"

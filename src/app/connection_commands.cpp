@@ -1,5 +1,6 @@
 // Commands of the connection: base node, base bars and bar types, with what they show in
 // FormVorna (the schema's labels, the list text, the enabling of the base-node commands).
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 #include "connection/bar_types.h"

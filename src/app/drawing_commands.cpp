@@ -1,5 +1,6 @@
 // The command that saves the current view as a drawing: the save dialog, the export pass into
 // the drawing buffers, and the .dis or DXF writer.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/draw_input.h"
 

@@ -1,5 +1,6 @@
 // Commands of the File menu that hand the connection back to the suite and end the program, and
 // the start-up step that reads what the suite passed in.
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 #include "connection/bar_types.h"

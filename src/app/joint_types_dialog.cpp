@@ -2,6 +2,7 @@
 // choice of one as the connection.
 #include "app/joint_types_dialog.h"
 
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "connection/base_node.h"
 #include "platform/number_text.h"

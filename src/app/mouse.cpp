@@ -1,5 +1,6 @@
 // Mouse, wheel and key events of the drawing surface Disegno: the view gestures (pan, orbit,
 // zoom, keys), and the left-button rules shared with window selection and the direct pick.
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 #include "projection/navigation.h"

@@ -1,4 +1,5 @@
 // The commands of the two options dialogs: the display options and the pick-box size.
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 #include "options/form_opt.h"

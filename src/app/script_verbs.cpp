@@ -2,6 +2,7 @@
 // does, and serves both the runner and the README.
 #include "app/script_verbs.h"
 
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/dump.h"
 #include "app/program.h"

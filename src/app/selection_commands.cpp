@@ -1,4 +1,5 @@
 // Commands of the selection: functions, ways of selecting, the answer line and the pick.
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 #include "model/messages.h"

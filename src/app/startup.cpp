@@ -1,6 +1,7 @@
 // The start-up sequence that runs once when the main window loads.
 #include "app/startup.h"
 
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "model/catalogues.h"
 #include "model/load_structure.h"
@@ -8,16 +9,6 @@
 #include "platform/text.h"
 
 namespace vorna {
-
-void EndProgram(Program &program, int status) {
-    program.exitRequested = true;
-    program.exitStatus = status;
-    program.ui.RequestExit(status);
-}
-
-void ShowMessage(Program &program, const UserMessage &message) {
-    program.ui.MessageBox(message.text, message.title, message.icon, MsgButtons::Ok);
-}
 
 namespace {
 

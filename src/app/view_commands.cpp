@@ -1,5 +1,6 @@
 // Commands of the view: fit, zoom, move, redraw, axes and coordinates, interval refills, and the
 // view's start-up steps.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/draw_input.h"
 

@@ -1,5 +1,6 @@
 // Commands of the main window itself: end of the program, the two bar toggles, the enabling of
 // commands by base-node state and the layout rule on resizing.
+#include "app/command_steps.h"
 #include "app/commands.h"
 
 namespace vorna {

@@ -35,10 +35,6 @@ bool Describable(const StructureModel &model, const ConnectionState &state) {
 
 } // namespace
 
-int LargerOf(int a, int b) {
-    return a > b ? a : b;
-}
-
 std::string NumberField(int number) {
     return (number >= 0 ? " " : "") + IntText(number);
 }
@@ -46,7 +42,7 @@ std::string NumberField(int number) {
 void WriteKeyLine(std::string &out, std::string_view value, std::string_view key,
                   std::string_view comment) {
     const int length = static_cast<int>(value.size());
-    const int width = LargerOf(length + 1, kValueField);
+    const int width = std::max(length + 1, kValueField);
     std::string line(value);
     line.append(static_cast<std::size_t>(width - length), ' ');
     line += "[" + Trim(key) + "] ";

@@ -15,7 +15,6 @@ namespace vorna {
 // square brackets, then the comment; the whole line trimmed and ended with CR LF.
 void WriteKeyLine(std::string &out, std::string_view value, std::string_view key,
                   std::string_view comment);
-int LargerOf(int a, int b);
 // A number as a value or a key index: a leading blank when not negative.
 std::string NumberField(int number);
 

@@ -20,7 +20,7 @@ struct MouseEvent {
     Kind kind = Kind::Move;
     MouseButton button = kNoButton; // pressed, released or double-clicked
     int held = kNoButton;           // the buttons held during a move
-    Modifiers modifiers;
+    Modifiers modifiers{};
     double x = 0, y = 0; // drawing units of the surface
     int wheelSteps = 0;  // whole notches, positive away from the user (zoom in)
 };

@@ -1,5 +1,6 @@
 // Tests of the main window as the form's mirror: names bound, widgets and menus following the
 // form, edits and events reaching the commands, the end of the program, and the script host.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/script_runner.h"
 #include "test_support.h"

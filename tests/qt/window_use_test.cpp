@@ -1,5 +1,6 @@
 // The window as an engineer uses it on the demo job: real widgets, real mouse and key events,
 // sizes changed as a window manager changes them, and what ends up on screen.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/startup.h"
 #include "test_support.h"

@@ -1,4 +1,4 @@
-// The two options dialogs as real modal Qt dialogs bound to their controls by name.
+// The program's dialogs as real modal Qt dialogs bound to their controls by name.
 #include "ui/qt/dialog_window.h"
 
 #include "ui/qt/qt_ui.h"

@@ -1,4 +1,4 @@
-// The two options dialogs as real modal Qt dialogs, built for a Dialog as data and bound to its
+// The program's dialogs as real modal Qt dialogs, built for a Dialog as data and bound to its
 // controls by name: each user action goes to the dialog and its new state comes back.
 #pragma once
 

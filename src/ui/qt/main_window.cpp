@@ -1,6 +1,7 @@
 // The main window FormVorna: events in as commands, the form out as widget state.
 #include "ui/qt/main_window.h"
 
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/dispatch.h"
 #include "selection/selection_modes.h"

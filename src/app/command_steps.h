@@ -1,0 +1,60 @@
+// The steps that several commands share: the redraw, the start-up steps of the view, the
+// layout and enabling rules, the selection input and the connection's bookkeeping. The menu
+// and event handlers themselves are in commands.h.
+#pragma once
+
+#include "app/program.h"
+#include "connection/analogy.h"
+
+#include <string>
+#include <vector>
+
+namespace vorna {
+
+// view_commands.cpp
+// Projection from the angles, filters and fit, then the drawing (what every change of view,
+// filter, selection or search ends in).
+void RedrawView(Program &);
+// The drawing alone, on the current projection, filters and scale.
+void DrawStructureNow(Program &);
+// Zooms onto the live, shown node of that name and rings it until the next command.
+void ZoomToNode(Program &, const std::string &name);
+// Start-up steps of the view: the stroke font, then projection, intervals, fit and first drawing.
+void LoadFont(Program &);
+void BuildFirstView(Program &);
+// window_commands.cpp
+void UpdateBaseNodeCommands(Program &);
+void LayOutForm(Program &);
+// selection_commands.cpp
+// A node with more bars than a connection can have, met while looking for analogous nodes.
+void WarnTooManyBars(Program &);
+// Every shown node with one of these names offered in turn, as picks of each would.
+void OfferNodesByName(Program &, const std::vector<int> &names);
+// The answer line closed and no way of selecting: the start of every selection command.
+void ResetSelectionInput(Program &);
+// The Selezioni items the running function offers; DisableSelectionMenus turns all six off.
+void EnableSelectionMenus(Program &);
+void DisableSelectionMenus(Program &);
+// Starts a function of Operazioni in direct selection, with Interrompi enabled; the functions
+// without selection menus (base node, bar types) turn them off.
+void StartFunction(Program &, ActiveFunction function);
+// The left-button parts that belong to selection: the second corner of a window, a pick.
+void FinishWindowSelection(Program &);
+void PickAt(Program &, double x, double y);
+// connection_commands.cpp
+// The whole choice of the base node after a pick of a node named name in "Scegli nodo base".
+void ChooseBaseNodeByPick(Program &, int name);
+// After base bars were removed: drops the base node without bars, redraws its schema and reads
+// the bar types back from the labels.
+void AfterBaseBarsRemoved(Program &);
+// The list of analogous nodes as range text into StringaSel.
+void RefreshListText(Program &);
+AnalogyParameters AnalogyParametersOf(const FormVorna &form);
+// A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
+// colours.
+void HighlightNodeBarTypes(Program &, int name);
+// file_commands.cpp
+// Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
+void LoadConnectionInput(Program &);
+
+} // namespace vorna
