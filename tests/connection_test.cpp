@@ -472,22 +472,21 @@ TEST(BarTypes, SchemaDrawsTheBarsInThePlaneAndLabelsThirty) {
     const int base = f.Joint(0, 0, 0, bars, 1);
     f.Project();
     f.ChooseBase(base);
-    test::RecordingCanvas picture(2100, 1500);
-    BaseNodeSchema schema = DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), picture, true);
-    EXPECT_TRUE(schema.showsBaseNode);
-    // Every bar but the one along y lies in the plane x-z; only 30 carry a label.
-    EXPECT_EQ(picture.Of(test::CanvasCall::Line).size(), bars.size() - 1);
-    EXPECT_EQ(picture.Of(test::CanvasCall::Line)[0].colour, BarTypeColour(2));
+    BaseNodeSchema schema = BaseNodeSchemaOf(*f.m, f.s, ThreeTypes("2"), true);
+    EXPECT_TRUE(schema.showsBaseNode && schema.planar);
+    // Every bar but the one along y lies in the plane x-z, all as long as the farthest reach in
+    // the plane (30); only 30 carry a label.
+    ASSERT_EQ(schema.bars.size(), bars.size() - 1);
+    EXPECT_EQ(schema.bars[0].colour, BarTypeColour(2));
+    EXPECT_DOUBLE_EQ(std::hypot(schema.bars[0].x, schema.bars[0].y), 30);
+    EXPECT_DOUBLE_EQ(std::hypot(schema.bars[5].x, schema.bars[5].y), 30);
     EXPECT_FALSE(schema.labels[3].visible);
     EXPECT_EQ(schema.labels[3].caption, "CO");
     EXPECT_TRUE(schema.labels[30].visible);
     EXPECT_EQ(schema.labels[1].tooltip, "Trave");
-    EXPECT_EQ(picture.Sequence().substr(0, 3), "CSW");
 
     f.s.baseBarCount = kTooManyBaseBars;
-    test::RecordingCanvas cleared;
-    EXPECT_FALSE(DrawBaseNodeSchema(*f.m, f.s, ThreeTypes("2"), cleared, true).showsBaseNode);
-    EXPECT_EQ(cleared.Sequence(), "CR");
+    EXPECT_FALSE(BaseNodeSchemaOf(*f.m, f.s, ThreeTypes("2"), true).showsBaseNode);
 }
 
 TEST(BarTypes, MirroredClassificationAndHighlight) {
@@ -500,14 +499,13 @@ TEST(BarTypes, MirroredClassificationAndHighlight) {
     f.s.baseBarTypes[1] = 3;
     AppendAnalogous(f.s, Record(mirror, {2, 3, 4})); // the y bar 4 matches no base bar
     const auto &types = f.s.analogousNodes[1].barTypes;
-    test::RecordingCanvas disegno;
-    EXPECT_FALSE(
-        HighlightNodeBarTypes(*f.m, *f.view, f.s, AnalogyMethod::Identical, 7, disegno, 3, 1));
-    EXPECT_TRUE(HighlightNodeBarTypes(*f.m, *f.view, f.s, AnalogyMethod::IdenticalOrMirrored, 2,
-                                      disegno, 3, 1));
+    EXPECT_FALSE(NodeBarTypes(*f.m, f.s, AnalogyMethod::Identical, 7));
+    const auto typed = NodeBarTypes(*f.m, f.s, AnalogyMethod::IdenticalOrMirrored, 2);
     EXPECT_EQ(std::vector<int>(types.begin(), types.begin() + 3), (std::vector<int>{2, 3, 1}));
-    EXPECT_EQ(disegno.Sequence(), "WLLWR"); // the y bar is in no type's list: not drawn
-    EXPECT_EQ(disegno.calls[1].colour, BarTypeColour(2));
+    ASSERT_TRUE(typed);
+    ASSERT_EQ(typed->size(), 2u); // the y bar is in no type's list: not shown
+    EXPECT_EQ((*typed)[0].bar, 2);
+    EXPECT_EQ((*typed)[0].colour, BarTypeColour(2));
 }
 
 // The procedures as written: a scan of every bar, linear lookups, bubble sorts and the

@@ -11,6 +11,7 @@
 #include "test_support.h"
 #include "view/primitives.h"
 #include "view/render.h"
+#include "view/schema.h"
 #include "view/stroke_font.h"
 
 #include <gtest/gtest.h>
@@ -706,6 +707,22 @@ TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
     double distance = 0;
     EXPECT_FALSE(NodePickDistance(p.model, p.view, 0, 3, 4, 5, distance));
     EXPECT_DOUBLE_EQ(distance, 5);
+}
+
+// The schema fills its surface at one scale on both axes, the node in the middle; without a
+// plane it is only cleared.
+TEST(Schema, ScaledAroundTheNodeOrCleared) {
+    RecordingCanvas picture(2100, 1500);
+    const ColouredLine bars[] = {{0, 0, 3, 0, 0xFF}, {0, 0, 0, -3, 0xFF00}};
+    DrawBaseNodeSchema(picture, true, 3, bars);
+    EXPECT_EQ(picture.Sequence(), "CSWLLWFR");
+    const ScaleRect s = picture.Scale();
+    EXPECT_DOUBLE_EQ(s.height, -2 * 1.4 * 3);
+    EXPECT_DOUBLE_EQ(s.width / s.height, -2100.0 / 1500);
+    EXPECT_DOUBLE_EQ(s.left + s.width / 2, 0);
+    RecordingCanvas cleared;
+    DrawBaseNodeSchema(cleared, false, 1, {});
+    EXPECT_EQ(cleared.Sequence(), "CR");
 }
 
 TEST(ViewCommands, LeftButtonStartsWindowsOnlyWhereAllowed) {

@@ -2,6 +2,7 @@
 // FormVorna (the schema's labels, the list text, the enabling of the base-node commands).
 #include "app/command_steps.h"
 #include "app/commands.h"
+#include "app/draw_input.h"
 
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
@@ -53,8 +54,10 @@ void ShowSchemaLabels(Program &p, const BaseNodeSchema &schema) {
 }
 
 void DrawSchema(Program &p, bool automaticTyping) {
-    ShowSchemaLabels(
-        p, DrawBaseNodeSchema(p.model, p.connection, p.input, p.picture1, automaticTyping));
+    const BaseNodeSchema schema =
+        BaseNodeSchemaOf(p.model, p.connection, p.input, automaticTyping);
+    PaintBaseNodeSchema(p.picture1, schema);
+    ShowSchemaLabels(p, schema);
 }
 
 void ReadTypesFromLabels(Program &p) {
@@ -142,8 +145,7 @@ void RimNodoBase_Click(Program &p) {
     p.form.FunAttiva.caption = "";
     p.form.SottoFunAttiva.caption = "";
     Ridis_Click(p);
-    p.picture1.Clear();
-    p.picture1.Refresh();
+    PaintBaseNodeSchema(p.picture1, BaseNodeSchema{});
     p.form.Label7.enabled = false;
     HideTypeLabels(p.form);
 }
@@ -173,8 +175,10 @@ void HighlightNodeBarTypes(Program &p, int name) {
     auto width = [&](int option) {
         return static_cast<int>(std::clamp(RoundHalfEven(p.displayOptions(option)), 1.0, 1000.0));
     };
-    HighlightNodeBarTypes(p.model, p.view, p.connection, AnalogyParametersOf(p.form).method, name,
-                          p.disegno, width(opt::kWidthSelected), width(opt::kWidthNormal));
+    if (auto typed =
+            NodeBarTypes(p.model, p.connection, AnalogyParametersOf(p.form).method, name))
+        DrawTypedBars(p.disegno, ProjectedLines(p, *typed), width(opt::kWidthSelected),
+                      width(opt::kWidthNormal));
 }
 
 void LabelTipo_Click(Program &p, int index) {

@@ -3,6 +3,7 @@
 #include "app/joint_types_dialog.h"
 
 #include "app/command_steps.h"
+#include "app/draw_input.h"
 #include "app/commands.h"
 #include "connection/base_node.h"
 #include "platform/number_text.h"
@@ -71,8 +72,7 @@ void JointTypesDialog::Click(std::string_view control) {
 void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
     const int row = Selected();
     if (picture != "Schema" || row < 0) {
-        canvas.Clear();
-        canvas.Refresh();
+        PaintBaseNodeSchema(canvas, BaseNodeSchema{});
         return;
     }
     ConnectionState head;
@@ -80,7 +80,7 @@ void JointTypesDialog::Paint(std::string_view picture, Canvas &canvas) {
     // A node with too many bars heads no type, so nothing here needs telling.
     GatherBaseBars(p_.model, p_.view, head);
     std::fill(head.baseBarTypes.begin(), head.baseBarTypes.end(), std::int16_t{1});
-    DrawBaseNodeSchema(p_.model, head, p_.input, canvas, false);
+    PaintBaseNodeSchema(canvas, BaseNodeSchemaOf(p_.model, head, p_.input, false));
 }
 
 bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {

@@ -320,15 +320,15 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
     return lists;
 }
 
-bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
-                           ConnectionState &state, AnalogyMethod method, int nodeName,
-                           Canvas &canvas, int selectedWidth, int normalWidth) {
+std::optional<std::vector<TypedBar>> NodeBarTypes(const StructureModel &model,
+                                                  ConnectionState &state, AnalogyMethod method,
+                                                  int nodeName) {
     auto named = std::find_if(
         state.analogousNodes.begin(), state.analogousNodes.end(), [&](const AnalogousNode &r) {
             return r.node >= 0 && r.node < model.nodeCount && model.nodes[r.node].name == nodeName;
         });
     if (named == state.analogousNodes.end())
-        return false;
+        return std::nullopt;
     const std::size_t position = named - state.analogousNodes.begin();
     const TypeBarLists lists = ClassifyAnalogousBars(model, state, method);
     // The first type whose list holds a name, for every 16-bit name.
@@ -337,20 +337,15 @@ bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
         for (std::int16_t name : lists.names[t])
             firstType[static_cast<std::uint16_t>(name)] = static_cast<std::uint8_t>(t);
     const AnalogousNode &record = state.analogousNodes[position];
-    canvas.SetLineWidth(selectedWidth);
+    std::vector<TypedBar> typed;
     for (int m = 0; m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {
         const int bar = record.bars[m];
         if (bar < 0 || bar >= model.barCount)
             continue;
-        const Bar &b = model.bars[bar];
-        if (const int t = firstType[static_cast<std::uint16_t>(b.name)])
-            canvas.Line(ProjectedXOf(view, b.pointI), ProjectedYOf(view, b.pointI),
-                        ProjectedXOf(view, b.pointJ), ProjectedYOf(view, b.pointJ),
-                        Pen{BarTypeColour(t)});
+        if (const int t = firstType[static_cast<std::uint16_t>(model.bars[bar].name)])
+            typed.push_back({bar, BarTypeColour(t)});
     }
-    canvas.SetLineWidth(normalWidth);
-    canvas.Refresh();
-    return true;
+    return typed;
 }
 
 } // namespace vorna

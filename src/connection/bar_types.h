@@ -4,10 +4,11 @@
 
 #include "connection/analogy.h"
 #include "connection/connection_state.h"
-#include "platform/canvas.h"
 #include "projection/view_state.h"
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,10 +47,16 @@ struct TypeBarLists {
 TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState &state,
                                    AnalogyMethod method);
 
-// The bars of the first record whose node is named nodeName, drawn over the view in the
-// colours of their types. False when no listed node has that name.
-bool HighlightNodeBarTypes(const StructureModel &model, const ViewState &view,
-                           ConnectionState &state, AnalogyMethod method, int nodeName,
-                           Canvas &canvas, int selectedWidth, int normalWidth);
+// A bar to show in its type's colour.
+struct TypedBar {
+    int bar = 0;
+    std::uint32_t colour = 0;
+};
+
+// The bars of the first record whose node is named nodeName that belong to a type, in the
+// record's order, with their types' colours; nothing when no listed node has that name.
+std::optional<std::vector<TypedBar>> NodeBarTypes(const StructureModel &model,
+                                                  ConnectionState &state, AnalogyMethod method,
+                                                  int nodeName);
 
 } // namespace vorna

@@ -52,18 +52,6 @@ std::optional<Frame> SchemaFrame(const std::vector<Vec3> &directions) {
     return Frame{*u, Cross(*w, *u), *w};
 }
 
-// The picture's scale: the node in the middle, both axes at the same scale, room around the
-// drawn extent for the labels. Returns the length every drawn bar gets.
-double SetSchemaScale(Canvas &picture, double extent) {
-    const double width = picture.WidthTwips() > 0 ? picture.WidthTwips() : 1;
-    const double height = picture.HeightTwips() > 0 ? picture.HeightTwips() : 1;
-    const double half = 1.4 * (extent > kTolerance ? extent : 1.0);
-    const double halfX = width >= height ? half * width / height : half;
-    const double halfY = width >= height ? half : half * height / width;
-    picture.SetScale({-halfX, halfY, 2 * halfX, -2 * halfY});
-    return half / 1.4;
-}
-
 } // namespace
 
 void SetBaseNodeByName(const StructureModel &model, const ViewState &view, ConnectionState &state,
@@ -107,15 +95,11 @@ Vec3 BaseBarDirection(const StructureModel &model, const ConnectionState &state,
     return Sub(AllBelow(Sub(i, p), kTolerance) ? j : i, p);
 }
 
-BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &state,
-                                  const ConnectionInput &input, Canvas &canvas,
-                                  bool automaticTyping) {
+BaseNodeSchema BaseNodeSchemaOf(const StructureModel &model, ConnectionState &state,
+                                const ConnectionInput &input, bool automaticTyping) {
     BaseNodeSchema schema;
-    canvas.Clear();
-    if (!HasUsableBaseNode(state)) {
-        canvas.Refresh();
+    if (!HasUsableBaseNode(state))
         return schema;
-    }
     schema.showsBaseNode = true;
     const int count = state.baseBarCount;
     std::vector<Vec3> directions;
@@ -134,10 +118,9 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
                 ? input.barTypeDescriptions[state.baseBarTypes[k]]
                 : std::string();
     }
-    if (!frame) {
-        canvas.Refresh();
+    if (!frame)
         return schema;
-    }
+    schema.planar = true;
     std::vector<std::array<double, 2>> inPlane(count);
     std::vector<std::uint8_t> drawn(count);
     double extent = 0;
@@ -148,15 +131,14 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
         if (drawn[k])
             extent = std::max({extent, std::fabs(inPlane[k][0]), std::fabs(inPlane[k][1])});
     }
-    const double length = SetSchemaScale(canvas, extent);
-
-    canvas.SetLineWidth(3);
+    schema.length = extent > kTolerance ? extent : 1.0;
     for (int k = 0; k < count; ++k) {
         const double planar = Hypot(inPlane[k][0], inPlane[k][1]);
         if (!drawn[k] || planar <= kTolerance)
             continue;
-        const double x = inPlane[k][0] / planar * length, y = inPlane[k][1] / planar * length;
-        canvas.Line(0, 0, x, y, Pen{BarTypeColour(state.baseBarTypes[k])});
+        const double x = inPlane[k][0] / planar * schema.length;
+        const double y = inPlane[k][1] / planar * schema.length;
+        schema.bars.push_back({x, y, BarTypeColour(state.baseBarTypes[k])});
         if (k < kTypeLabels) {
             TypeLabel &label = schema.labels[k + 1];
             label.visible = true;
@@ -164,9 +146,6 @@ BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &
             label.y = y;
         }
     }
-    canvas.SetLineWidth(1);
-    canvas.FilledCircle(0, 0, 0.08 * length, 0);
-    canvas.Refresh();
     return schema;
 }
 

@@ -1,14 +1,15 @@
 // The base node and its base bars: choosing the node, gathering the bars that meet there, and
-// the schema of the node drawn beside the view with the bar-type labels.
+// the schema of the node beside the view with the bar-type labels, as values view/ draws.
 #pragma once
 
 #include "connection/connection_state.h"
 #include "connection/vec3.h"
-#include "platform/canvas.h"
 #include "projection/view_state.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace vorna {
 
@@ -40,16 +41,25 @@ struct TypeLabel {
     double y = 0;
 };
 
+// One bar of the schema: from the node at the origin to (x, y), in its type's colour.
+struct SchemaBar {
+    double x = 0;
+    double y = 0;
+    std::uint32_t colour = 0;
+};
+
 struct BaseNodeSchema {
-    bool showsBaseNode = false; // a usable base node was drawn: the schema's title is then enabled
+    bool showsBaseNode = false; // a usable base node: the schema's title is then enabled
+    bool planar = false;        // the base bars span a plane: the schema has a picture
+    double length = 1;          // every bar's length in the picture
+    std::vector<SchemaBar> bars;
     std::array<TypeLabel, kTypeLabels + 1> labels; // 1..30; every label hidden unless drawn
 };
 
-// Clears the schema canvas and draws the base bars that lie in the plane of the first two
-// directions that span one, all with the same length, in the colours of their types, and the node;
+// The schema: the base bars that lie in the plane of the first two directions that span one,
+// all with the same length, in the colours of their types, with a label at each bar's end;
 // with automaticTyping the bar types are first assigned from the connection type code.
-BaseNodeSchema DrawBaseNodeSchema(const StructureModel &model, ConnectionState &state,
-                                  const ConnectionInput &input, Canvas &canvas,
-                                  bool automaticTyping);
+BaseNodeSchema BaseNodeSchemaOf(const StructureModel &model, ConnectionState &state,
+                                const ConnectionInput &input, bool automaticTyping);
 
 } // namespace vorna

@@ -2,7 +2,7 @@
 // with the per-node and per-bar tables, and the list shown as range text.
 #include "connection/connection_state.h"
 
-#include "platform/canvas.h"
+#include "platform/colour.h"
 #include "platform/invariant.h"
 #include "platform/number_text.h"
 
