@@ -138,11 +138,9 @@ TEST(FormTable, RowsHangTogether) {
             break;
         case RowKind::MenuItem:
             EXPECT_TRUE(menus.contains(parent)) << row.name;
-            EXPECT_NE(row.run, nullptr) << row.name;
             break;
         case RowKind::Button:
             EXPECT_NE(FindControl(form, parent), nullptr) << row.name;
-            EXPECT_NE(row.run, nullptr) << row.name;
             break;
         case RowKind::Array:
             array = &row;
