@@ -66,6 +66,13 @@ public:
                           double /*charWidth*/, double /*charHeight*/, int /*colour*/) {
         return false;
     }
+    // Whether a text lying inside the box (drawing units), its characters charSize across, can
+    // be seen. A screen leaves out one wholly outside it or with characters under a pixel; a
+    // drawing file keeps every text.
+    virtual bool ShowsText(double /*xMin*/, double /*yMin*/, double /*xMax*/, double /*yMax*/,
+                           double /*charSize*/) const {
+        return true;
+    }
 };
 
 } // namespace vorna

@@ -271,6 +271,14 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
             continue;
         const double x1 = ProjectedXOf(in.view, b.pointI), y1 = ProjectedYOf(in.view, b.pointI);
         const double x2 = ProjectedXOf(in.view, b.pointJ), y2 = ProjectedYOf(in.view, b.pointJ);
+        const double along = static_cast<double>(text.size()) * style.width / 2;
+        const double off = style.distance + style.height / 2;
+        const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
+        // The text starts within along + off of the middle: a screen that cannot show it there
+        // is spared the angle's trigonometry too.
+        if (!TextMayShow(in.font, p.Target(), text.size(), mx, my,
+                         std::abs(along) + std::abs(off), style.width, style.height))
+            continue;
         // The text reads left to right along the bar: the angle lies in (-90, 90] degrees.
         double degrees = 90;
         if (std::abs(x1 - x2) > kTolerance) {
@@ -279,9 +287,6 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
                 degrees = -degrees;
         }
         const double theta = degrees * pi / 180;
-        const double along = static_cast<double>(text.size()) * style.width / 2;
-        const double off = style.distance + style.height / 2;
-        const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
         const double x = mx - along * Cos(theta) - off * Sin(theta);
         const double y = my - along * Sin(theta) + off * Cos(theta);
         DrawText(in.font, text, x, y, static_cast<int>(std::floor(degrees)), style.width,

@@ -69,16 +69,37 @@ std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, Strok
     return std::nullopt;
 }
 
+namespace {
+
+double GlyphScaleX(const StrokeFont &font, double charWidth) {
+    return charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
+}
+
+} // namespace
+
+bool TextMayShow(const StrokeFont &font, const Canvas &canvas, std::size_t chars, double x,
+                 double y, double spread, double charWidth, double charHeight) {
+    // Glyph points lie within 99 units of the cell's origin across and 99 + the baseline along
+    // the height; each further character moves the origin by charWidth.
+    const double glyph = std::abs(GlyphScaleX(font, charWidth)) * 99 +
+                         std::abs(charHeight / kCapHeight) * (99 + kBaseline);
+    const double reach = spread + static_cast<double>(chars) * std::abs(charWidth) + glyph;
+    return canvas.ShowsText(x - reach, y - reach, x + reach, y + reach,
+                            std::max(std::abs(charWidth), std::abs(charHeight)));
+}
+
 void DrawText(const StrokeFont &font, std::string_view text, double x, double y, int angle,
               double charWidth, double charHeight, int colour, Canvas &canvas) {
     if (charWidth == 0 || charHeight == 0)
         return;
     if (canvas.KeepText(text, x, y, angle, charWidth, charHeight, colour))
         return;
+    if (!TextMayShow(font, canvas, text.size(), x, y, 0, charWidth, charHeight))
+        return;
     const Pen pen = PenOfCode(colour);
     const double a = angle * (4 * Atan(1.0)) / 180;
     const double cosA = Cos(a), sinA = Sin(a);
-    const double sx = charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
+    const double sx = GlyphScaleX(font, charWidth);
     const double sy = charHeight / kCapHeight;
     for (std::size_t k = 0; k < text.size(); ++k) {
         const auto code = static_cast<unsigned char>(text[k]);

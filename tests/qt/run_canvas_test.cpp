@@ -90,6 +90,32 @@ TEST(RunCanvas, WhatCannotBeSeenIsDroppedOrClipped) {
     EXPECT_TRUE(c.runs.empty());
 }
 
+TEST(RunCanvas, TextsOutOfSightOrUnderAPixelAreLeftOutAndRunsStayShort) {
+    RecordingRunCanvas c; // 10 pixels per unit, x 0..20, y 0..10
+    EXPECT_TRUE(c.ShowsText(1, 1, 2, 2, 0.1));
+    EXPECT_TRUE(c.ShowsText(-5, -5, 0.1, 0.1, 0.1)) << "a corner reaches in";
+    EXPECT_TRUE(c.ShowsText(20.2, 1, 30, 2, 0.1)) << "within the margin of a line";
+    EXPECT_FALSE(c.ShowsText(21, 1, 30, 2, 0.1));
+    EXPECT_FALSE(c.ShowsText(1, -9, 2, -1, 0.1));
+    EXPECT_FALSE(c.ShowsText(1, 1, 2, 2, 0.09)) << "characters under a pixel";
+    c.SetScale({0, 10, 20, -1000}); // one axis squeezed: the larger scale decides
+    EXPECT_TRUE(c.ShowsText(1, 1, 2, 2, 0.1));
+
+    // One pen for longer than a run holds: several runs, every line in its order.
+    c.SetScale({0, 10, 20, -10});
+    for (int k = 0; k < 20000; ++k)
+        c.Line(0, 0, k % 20, 10, Pen{kRed});
+    c.Refresh();
+    std::size_t lines = 0, longest = 0;
+    for (const PaintRun &run : c.runs) {
+        for (const QLineF &line : run.lines)
+            ASSERT_DOUBLE_EQ(line.x2(), static_cast<double>(lines++ % 20 * 10));
+        longest = std::max(longest, run.lines.size());
+    }
+    EXPECT_EQ(lines, 20000u);
+    EXPECT_LE(longest, 8192u);
+}
+
 TEST(RunCanvas, ClearForgetsWhatWasNotPaintedYet) {
     RecordingRunCanvas c;
     c.Line(0, 0, 1, 1, Pen{kRed});

@@ -12,6 +12,9 @@ namespace {
 // Beyond this a circle cannot be told from a line on any screen; it is not drawn.
 constexpr double kLargestRadius = 1e5;
 
+// A run this long is painted before it takes more: large enough that the per-run cost vanishes.
+constexpr std::size_t kLongestRun = 8192;
+
 double Degrees16(double radians) {
     return radians * 180.0 / std::numbers::pi * 16.0;
 }
@@ -105,9 +108,23 @@ void RunCanvas::Refresh() {
     Show();
 }
 
+bool RunCanvas::ShowsText(double xMin, double yMin, double xMax, double yMax,
+                          double charSize) const {
+    const QPointF a = ToPixel(xMin, yMin), b = ToPixel(xMax, yMax);
+    const double margin = lineWidth_ + 2;
+    if (std::max(a.x(), b.x()) < -margin || std::min(a.x(), b.x()) > pixels_.width() + margin ||
+        std::max(a.y(), b.y()) < -margin || std::min(a.y(), b.y()) > pixels_.height() + margin)
+        return false;
+    // Characters under a pixel make a smear that reads as nothing.
+    const double perUnit = std::max(std::abs(pixels_.width() / scale_.width),
+                                    std::abs(pixels_.height() / scale_.height));
+    return !(charSize * perUnit < 1);
+}
+
 PaintRun &RunCanvas::RunFor(PaintRun::Kind kind, Rgb colour, double radius) {
     if (run_.kind != kind || run_.colour != colour || run_.width != lineWidth_ ||
-        run_.radius != radius) {
+        run_.radius != radius ||
+        run_.lines.size() + run_.centres.size() + run_.arcs.size() >= kLongestRun) {
         Flush();
         run_.kind = kind;
         run_.colour = colour;

@@ -36,7 +36,8 @@ struct PaintRun {
 
 // Maps the user scale onto a pixel grid, drops what cannot be seen (or is not a number) and
 // hands each finished run to Paint. Painting order is kept: a run ends as soon as the next
-// primitive needs another pen.
+// primitive needs another pen, or when it has grown long enough that holding more would only
+// cost memory (every label of a large model is millions of strokes of one pen).
 class RunCanvas : public Canvas {
 public:
     explicit RunCanvas(QSize pixels, double dpiX = 96, double dpiY = 96);
@@ -54,6 +55,8 @@ public:
     double TwipsPerPixelX() const override { return 1440.0 / dpiX_; }
     double TwipsPerPixelY() const override { return 1440.0 / dpiY_; }
     void Refresh() override;
+    bool ShowsText(double xMin, double yMin, double xMax, double yMax,
+                   double charSize) const override;
 
     QSize PixelSize() const { return pixels_; }
     void SetDpi(double dpiX, double dpiY);
