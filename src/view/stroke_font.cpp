@@ -5,9 +5,11 @@
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
 #include "platform/text_file.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace vorna {
 namespace {
@@ -101,11 +103,33 @@ void DrawText(const StrokeFont &font, std::string_view text, double x, double y,
     const double cosA = Cos(a), sinA = Sin(a);
     const double sx = GlyphScaleX(font, charWidth);
     const double sy = charHeight / kCapHeight;
+    std::vector<double> strokes;
     for (std::size_t k = 0; k < text.size(); ++k) {
         const auto code = static_cast<unsigned char>(text[k]);
         const double ox = x + static_cast<double>(k) * charWidth * cosA;
         const double oy = y + static_cast<double>(k) * charWidth * sinA;
         const int points = std::min<int>(font.glyphPointCount[code], kGlyphPoints);
+        if (points < 2)
+            continue;
+        // A screen stamps each glyph it has seen at this size and angle.
+        const ShapeName name{static_cast<double>(code), static_cast<double>(angle), sx, sy};
+        if (canvas.Stamp(name, ox, oy, pen))
+            continue;
+        strokes.clear();
+        for (int j = 0; j + 1 < points; j += 2) {
+            double ends[4];
+            for (std::size_t e = 0; e < 2; ++e) {
+                const double u = font.glyphX[code][j + e] * sx;
+                const double v = (font.glyphY[code][j + e] - kBaseline) * sy;
+                ends[2 * e] = u * cosA - v * sinA;
+                ends[2 * e + 1] = u * sinA + v * cosA;
+            }
+            if (std::abs(ends[0] - ends[2]) > kTolerance ||
+                std::abs(ends[1] - ends[3]) > kTolerance)
+                strokes.insert(strokes.end(), ends, ends + 4);
+        }
+        if (canvas.HoldShape(name, strokes) && canvas.Stamp(name, ox, oy, pen))
+            continue;
         for (int j = 0; j + 1 < points; j += 2) {
             double ends[4];
             for (std::size_t e = 0; e < 2; ++e) {
