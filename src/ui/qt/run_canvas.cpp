@@ -17,8 +17,6 @@ constexpr double kLargestRadius = 1e5;
 // A run this long is painted before it takes more: large enough that the per-run cost vanishes.
 constexpr std::size_t kLongestRun = 8192;
 
-// Glyphs at a few sizes and angles are a few hundred shapes; past this many the cache restarts.
-constexpr std::size_t kMostShapes = 4096;
 // A shape wider than this is stroked line by line: a stamp would be mostly empty.
 constexpr double kLargestShape = 512;
 
@@ -188,11 +186,17 @@ void RunCanvas::Arc(double x, double y, double radius, const Pen &pen, double st
             {centre, r, static_cast<int>(std::lround(start)), static_cast<int>(std::lround(span))});
 }
 
-std::size_t RunCanvas::ShapeHash::operator()(const ShapeName &name) const {
+RunCanvas::ShapeSlot &RunCanvas::SlotOf(const ShapeName &name) {
     std::uint64_t h = 0;
     for (double v : name)
         h = (h ^ std::bit_cast<std::uint64_t>(v)) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(h ^ (h >> 29));
+    // The table is a power of two: its top bits pick the slot.
+    const std::size_t mask = shapeSlots_.size() - 1;
+    for (std::size_t i = static_cast<std::size_t>(h >> 51) & mask;; i = (i + 1) & mask) {
+        ShapeSlot &slot = shapeSlots_[i];
+        if (slot.shape < 0 || slot.name == name)
+            return slot;
+    }
 }
 
 bool RunCanvas::ShapesFitGrid() const {
@@ -203,7 +207,9 @@ bool RunCanvas::ShapesFitGrid() const {
 
 void RunCanvas::ForgetShapes() {
     Flush(); // the pending run may stamp them
-    shapeIndex_.clear();
+    // Glyphs at a few sizes and angles are a few hundred shapes; past the most the cache restarts.
+    if (!shapes_.empty())
+        std::fill(shapeSlots_.begin(), shapeSlots_.end(), ShapeSlot{});
     shapes_.clear();
     shapeGrid_ = pixels_;
     shapeWidth_ = lineWidth_;
@@ -215,18 +221,18 @@ bool RunCanvas::Stamp(const ShapeName &name, double x, double y, const Pen &pen)
         ForgetShapes();
         return false;
     }
-    const auto found = shapeIndex_.find(name);
-    if (found == shapeIndex_.end())
+    const int shape = SlotOf(name).shape;
+    if (shape < 0)
         return false;
-    const int reach = shapes_[static_cast<std::size_t>(found->second)].reach;
+    const int reach = shapes_[static_cast<std::size_t>(shape)].reach;
     const QPointF at = ToPixel(x, y);
     // Wholly outside (or nowhere): drawn, as far as anyone can see.
     if (!(at.x() >= -reach && at.y() >= -reach && at.x() <= pixels_.width() + reach &&
           at.y() <= pixels_.height() + reach))
         return true;
     RunFor(PaintRun::Kind::Stamps, pen.rgb, 0)
-        .stamps.push_back({found->second, QPoint(static_cast<int>(std::lround(at.x())),
-                                                 static_cast<int>(std::lround(at.y())))});
+        .stamps.push_back({shape, QPoint(static_cast<int>(std::lround(at.x())),
+                                         static_cast<int>(std::lround(at.y())))});
     return true;
 }
 
@@ -252,7 +258,9 @@ bool RunCanvas::HoldShape(const ShapeName &name, std::span<const double> strokes
     shape.pixels.erase(std::unique(shape.pixels.begin(), shape.pixels.end()), shape.pixels.end());
     for (QPoint p : shape.pixels)
         shape.reach = std::max({shape.reach, std::abs(p.x()), std::abs(p.y())});
-    shapeIndex_.emplace(name, static_cast<int>(shapes_.size()));
+    ShapeSlot &slot = SlotOf(name);
+    slot.name = name;
+    slot.shape = static_cast<int>(shapes_.size());
     shapes_.push_back(std::move(shape));
     return true;
 }

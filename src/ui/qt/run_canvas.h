@@ -10,7 +10,6 @@
 #include <QSize>
 
 #include <cstdlib>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -115,9 +114,14 @@ private:
         std::vector<QPoint> pixels;
         int reach = 0; // the farthest pixel from the origin, along x or y
     };
-    struct ShapeHash {
-        std::size_t operator()(const ShapeName &name) const;
+    // Open addressing over a table twice the most shapes held: a glyph is looked up for every
+    // character drawn.
+    struct ShapeSlot {
+        ShapeName name{};
+        int shape = -1;
     };
+    static constexpr std::size_t kMostShapes = 4096;
+    ShapeSlot &SlotOf(const ShapeName &name);
 
     struct TextWindow {
         QSize grid;
@@ -131,7 +135,7 @@ private:
     ScaleRect scale_;
     int lineWidth_ = 1;
     PaintRun run_;
-    std::unordered_map<ShapeName, int, ShapeHash> shapeIndex_;
+    std::vector<ShapeSlot> shapeSlots_ = std::vector<ShapeSlot>(2 * kMostShapes);
     std::vector<HeldShape> shapes_;
     ScaleRect shapeScale_;
     QSize shapeGrid_;
