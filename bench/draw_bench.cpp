@@ -1,12 +1,15 @@
 // Drawing the full-capacity model on a 1600 x 1000 surface: the batched Qt canvas beside a
-// canvas that makes one QPainter call per line and per circle.
+// canvas that makes one QPainter call per line and per circle, and with every label on.
 #include "app/draw_input.h"
+#include "heap_peak.h"
 #include "large_model.h"
 #include "model/load_structure.h"
+#include "projection/navigation.h"
 #include "projection/projection.h"
 #include "projection/visibility.h"
 #include "ui/qt/qt_canvas.h"
 #include "view/render.h"
+#include "view/stroke_font.h"
 
 #include <QPainter>
 
@@ -99,6 +102,8 @@ struct FittedModel {
     vorna::DisplayOptions display;
     vorna::InternalOptions internal;
     vorna::StrokeFont font;
+
+    vorna::VisibilityFilter filter;
     bool ready = false;
 
     explicit FittedModel(vorna::Canvas &surface) {
@@ -110,11 +115,17 @@ struct FittedModel {
         display.values[vorna::opt::kHideThinShells] = vorna::OptionValue::Of(0);
         vorna::ProjectStructure(*model, *view, 30, 30, 0);
         const vorna::ModelExtent e = vorna::ComputeModelExtent(*model);
-        vorna::VisibilityFilter filter;
         filter.x0 = e.min[0], filter.x1 = e.max[0];
         filter.y0 = e.min[1], filter.y1 = e.max[1];
         filter.z0 = e.min[2], filter.z1 = e.max[2];
         ready = vorna::SetViewScale(*model, vorna::ListedOf(connection), filter, *view, surface);
+    }
+    // Wheel steps towards the centre, one at a time as the mouse gives them.
+    bool Zoom(int steps, vorna::Canvas &surface) {
+        for (int k = 0; k < steps; ++k)
+            if (!vorna::WheelZoomWindow(*view, 1))
+                return false;
+        return vorna::SetViewScale(*model, vorna::ListedOf(connection), filter, *view, surface);
     }
     vorna::DrawInput Input() const {
         return {*model, *view, display, internal, vorna::HighlightsOf(connection), font, true};
@@ -161,6 +172,42 @@ void BM_DrawStructureAllAnalogous(benchmark::State &state) {
     state.counters["analogous"] = static_cast<double>(fitted.connection.analogousNodes.size());
 }
 BENCHMARK(BM_DrawStructureAllAnalogous)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+
+// Every node and bar label on, each with all its parts, beside the same redraw with labels off
+// (first argument 1 or 0), at fit and zoomed in by wheel steps (second argument). heapMB is the
+// most the allocator held during a redraw, redrawHeapMB what the redraw itself added.
+void BM_DrawStructureLabels(benchmark::State &state) {
+    vorna::qt::QtCanvas canvas(kSurface, Qt::black);
+    FittedModel fitted(canvas);
+    const std::string fontFolder = vorna::bench::StrokeFontFolder().string();
+    if (!fitted.ready || vorna::LoadStrokeFont(fontFolder, fitted.font) ||
+        !fitted.Zoom(static_cast<int>(state.range(1)), canvas)) {
+        state.SkipWithError("the large model or the font did not load");
+        return;
+    }
+    const auto labels = vorna::OptionValue::Of(state.range(0) != 0 ? 1 : 0);
+    fitted.display.values[vorna::opt::kNodeLabels] = labels;
+    fitted.display.values[vorna::opt::kBarLabels] = labels;
+    std::size_t most = 0, added = 0;
+    for (auto _ : state) {
+        const std::size_t before = vorna::bench::MallocInUse();
+        const std::size_t live = vorna::bench::HeapLive();
+        vorna::bench::ResetHeapPeak();
+        vorna::DrawStructure(fitted.Input(), canvas);
+        benchmark::DoNotOptimize(canvas.Image().constBits());
+        const std::size_t growth = vorna::bench::HeapPeak() - live;
+        added = std::max(added, growth);
+        most = std::max(most, before + growth);
+    }
+    state.counters["heapMB"] = static_cast<double>(most) / 1e6;
+    state.counters["redrawHeapMB"] = static_cast<double>(added) / 1e6;
+}
+BENCHMARK(BM_DrawStructureLabels)
+    ->ArgNames({"labels", "steps"})
+    ->ArgsProduct({{0, 1}, {0, 10}})
     ->Unit(benchmark::kMillisecond)
     ->Repetitions(5)
     ->ReportAggregatesOnly(true);

@@ -397,6 +397,87 @@ TEST(ViewRender, AxisTriadStaysInTheBottomLeftCorner) {
     }
 }
 
+// A screen showing x and y in 0..10 and characters of at least one unit.
+class WindowCanvas : public RecordingCanvas {
+public:
+    bool ShowsText(double xMin, double yMin, double xMax, double yMax,
+                   double charSize) const override {
+        return xMax >= 0 && xMin <= 10 && yMax >= 0 && yMin <= 10 && charSize >= 1;
+    }
+};
+
+bool Touches(const CanvasCall &line) {
+    for (double t = 0; t <= 1; t += 0.125) {
+        const double x = line.x1 + t * (line.x2 - line.x1), y = line.y1 + t * (line.y2 - line.y1);
+        if (x >= 0 && x <= 10 && y >= 0 && y <= 10)
+            return true;
+    }
+    return false;
+}
+
+// Labels at every angle, size, distance and narrowing, with glyphs reaching the corners of the
+// cell: a label the screen leaves out draws no stroke in sight.
+TEST(ViewRender, ScreenLeavesOutOnlyLabelsThatCannotBeSeen) {
+    std::mt19937 random(15);
+    std::uniform_real_distribution<double> place(-30, 40), size(0.3, 3), distance(-4, 4);
+    int touching = 0;
+    for (int round = 0; round < 200; ++round) {
+        Scene s;
+        for (unsigned char c : std::string("NVASOC0123456789"))
+            s.Glyph(c, {{-99, -99}, {99, 99}, {99, -99}, {-99, 99}, {0, 50}, {50, 0}});
+        s.font.glyphNarrowing = static_cast<std::int16_t>(random() % 101) - 50;
+        s.display.values[opt::kNodeLabels] = OptionValue::Of(1);
+        s.display.values[opt::kBarLabels] = OptionValue::Of(1);
+        s.display.values[opt::kTextWidth] = OptionValue::Of(size(random));
+        s.display.values[opt::kTextHeight] = OptionValue::Of(size(random));
+        s.display.values[opt::kTextDistance] = OptionValue::Of(distance(random));
+        // Names and cards of every length, the longest section name among them.
+        auto number = [&random] { return static_cast<int>(random() % 65536) - 32768; };
+        s.model.sectionNames[1] = " IPE300 ";
+        s.model.sectionNames[2] = "HEB1000X500";
+        for (unsigned char c : std::string("-EHBIPX"))
+            s.Glyph(c, {{-99, 99}, {99, -99}});
+        for (int k = 0; k < 6; ++k) {
+            s.AddNode(s.Pt(place(random), place(random)), 1, number(), number());
+            const int bar = s.AddBar(s.Pt(place(random), place(random)),
+                                     s.Pt(place(random), place(random)), 2, number());
+            Bar &b = s.model.bars[bar];
+            b.sectionCard = static_cast<std::int16_t>(random() % 3);
+            b.orientationCard = static_cast<std::int16_t>(number());
+            b.releaseCard = static_cast<std::int16_t>(number());
+        }
+        s.Project();
+        s.ShowAll();
+        RecordingCanvas all;
+        WindowCanvas window;
+        DrawStructure(s.Input(), all);
+        DrawStructure(s.Input(), window);
+        const auto shown = window.Of(CanvasCall::Line);
+        auto drawn = [&](const CanvasCall &a) {
+            return std::any_of(shown.begin(), shown.end(), [&](const CanvasCall &b) {
+                return a.x1 == b.x1 && a.y1 == b.y1 && a.x2 == b.x2 && a.y2 == b.y2;
+            });
+        };
+        const double charSize = std::max(s.display(opt::kTextWidth), s.display(opt::kTextHeight));
+        if (charSize < 1) {
+            Scene bare = s;
+            bare.display.values[opt::kNodeLabels] = OptionValue::Of(0);
+            bare.display.values[opt::kBarLabels] = OptionValue::Of(0);
+            RecordingCanvas bars;
+            DrawStructure(bare.Input(), bars);
+            EXPECT_EQ(shown.size(), bars.Of(CanvasCall::Line).size()) << "characters under a pixel";
+            continue;
+        }
+        for (const CanvasCall &line : all.Of(CanvasCall::Line)) {
+            if (!Touches(line))
+                continue;
+            ++touching;
+            ASSERT_TRUE(drawn(line)) << "round " << round;
+        }
+    }
+    EXPECT_GT(touching, 1000);
+}
+
 TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
     StrokeFont font;
     std::string long60 = "C";

@@ -3,6 +3,7 @@
 
 #include "platform/colour.h"
 
+#include <span>
 #include <string_view>
 
 namespace vorna {
@@ -22,6 +23,9 @@ struct ScaleRect {
     double width = 1;
     double height = 1;
 };
+
+// Names a shape drawn many times over (a glyph at one size and angle): equal names, equal strokes.
+using ShapeName = std::array<double, 4>;
 
 class Canvas {
 public:
@@ -47,6 +51,24 @@ public:
     // Sizes in drawing units, the angle in whole degrees, the colour a colour code.
     virtual bool KeepText(std::string_view /*text*/, double /*x*/, double /*y*/, int /*angle*/,
                           double /*charWidth*/, double /*charHeight*/, int /*colour*/) {
+        return false;
+    }
+    // Whether a text lying inside the box (drawing units), its characters charSize across, can
+    // be seen. A screen leaves out one wholly outside it or with characters under a pixel; a
+    // drawing file keeps every text.
+    virtual bool ShowsText(double /*xMin*/, double /*yMin*/, double /*xMax*/, double /*yMax*/,
+                           double /*charSize*/) const {
+        return true;
+    }
+    // A shape drawn many times over: a screen may rasterise it once and stamp it wherever it
+    // comes again. Stamp draws a shape the surface holds, with its origin at (x, y), and says
+    // whether it did; HoldShape hands it the shape's strokes (x1, y1, x2, y2 in drawing units
+    // from the origin) and says whether it keeps them. A drawing file keeps none.
+    virtual bool Stamp(const ShapeName & /*name*/, double /*x*/, double /*y*/,
+                       const Pen & /*pen*/) {
+        return false;
+    }
+    virtual bool HoldShape(const ShapeName & /*name*/, std::span<const double> /*strokes*/) {
         return false;
     }
 };

@@ -214,14 +214,27 @@ struct LabelStyle {
     int colour;
 };
 
+// The most characters a number part takes: a blank, its letter and a 16-bit number (+1). With
+// it a label's reach is known before its text is made: on screen most labels of a large model
+// cannot be seen, and are not made at all.
+constexpr std::size_t kNumberPartChars = 8;
+
 void DrawNodeLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
     const StructureModel &model = in.model;
     const bool name = in.display(opt::kNodeLabelName) == 1;
     const bool constraint = in.display(opt::kNodeLabelConstraint) == 1;
+    const std::size_t most = (name ? kNumberPartChars : 0) + (constraint ? kNumberPartChars : 0);
+    // The text starts left of and below the node, by the distance and its own size.
+    const double spread = 2 * std::abs(style.distance) +
+                          static_cast<double>(most) * std::abs(style.width) +
+                          std::abs(style.height);
     std::string text;
     for (int i = 0; i < model.nodeCount; ++i) {
         const Node &n = model.nodes[i];
         if (!IsLive(n) || !in.view.nodeShown[i])
+            continue;
+        if (!TextMayShow(in.font, p.Target(), most, ProjectedXOf(in.view, n.pointIndex),
+                         ProjectedYOf(in.view, n.pointIndex), spread, style.width, style.height))
             continue;
         text.clear();
         if (name)
@@ -245,10 +258,25 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
     const bool orientation = in.display(opt::kBarLabelOrientation) == 1;
     const bool release = in.display(opt::kBarLabelRelease) == 1;
     const double pi = 4 * Atan(1.0);
+    std::size_t longestSection = 0;
+    if (section)
+        for (const std::string &s : model.sectionNames)
+            longestSection = std::max(longestSection, s.size());
+    const std::size_t most =
+        (name ? kNumberPartChars : 0) + (section ? 1 + longestSection : 0) +
+        kNumberPartChars * ((sectionCard ? 1 : 0) + (orientation ? 1 : 0) + (release ? 1 : 0));
+    // The text starts within half its length and its offset of the bar's middle.
+    const double spread = static_cast<double>(most) * std::abs(style.width) / 2 +
+                          std::abs(style.distance) + std::abs(style.height) / 2;
     std::string text;
     for (int i = 0; i < model.barCount; ++i) {
         const Bar &b = model.bars[i];
         if (!IsLive(b) || !in.view.barShown[i])
+            continue;
+        if (!TextMayShow(in.font, p.Target(), most,
+                         (ProjectedXOf(in.view, b.pointI) + ProjectedXOf(in.view, b.pointJ)) / 2,
+                         (ProjectedYOf(in.view, b.pointI) + ProjectedYOf(in.view, b.pointJ)) / 2,
+                         spread, style.width, style.height))
             continue;
         text.clear();
         if (name)
@@ -271,6 +299,9 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
             continue;
         const double x1 = ProjectedXOf(in.view, b.pointI), y1 = ProjectedYOf(in.view, b.pointI);
         const double x2 = ProjectedXOf(in.view, b.pointJ), y2 = ProjectedYOf(in.view, b.pointJ);
+        const double along = static_cast<double>(text.size()) * style.width / 2;
+        const double off = style.distance + style.height / 2;
+        const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
         // The text reads left to right along the bar: the angle lies in (-90, 90] degrees.
         double degrees = 90;
         if (std::abs(x1 - x2) > kTolerance) {
@@ -279,9 +310,6 @@ void DrawBarLabels(const DrawInput &in, const LabelStyle &style, Painter &p) {
                 degrees = -degrees;
         }
         const double theta = degrees * pi / 180;
-        const double along = static_cast<double>(text.size()) * style.width / 2;
-        const double off = style.distance + style.height / 2;
-        const double mx = (x1 + x2) / 2, my = (y1 + y2) / 2;
         const double x = mx - along * Cos(theta) - off * Sin(theta);
         const double y = my - along * Sin(theta) + off * Cos(theta);
         DrawText(in.font, text, x, y, static_cast<int>(std::floor(degrees)), style.width,

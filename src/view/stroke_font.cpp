@@ -5,9 +5,11 @@
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
 #include "platform/text_file.h"
+#include "platform/tolerance.h"
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace vorna {
 namespace {
@@ -69,22 +71,66 @@ std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, Strok
     return std::nullopt;
 }
 
+namespace {
+
+double GlyphScaleX(const StrokeFont &font, double charWidth) {
+    return charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
+}
+
+} // namespace
+
+bool TextMayShow(const StrokeFont &font, const Canvas &canvas, std::size_t chars, double x,
+                 double y, double spread, double charWidth, double charHeight) {
+    // Glyph points lie within 99 units of the cell's origin across and 99 + the baseline along
+    // the height; each further character moves the origin by charWidth.
+    constexpr double kBelowAndAbove = (99 + kBaseline) / kCapHeight;
+    const double glyph = std::abs(GlyphScaleX(font, charWidth) * 99) +
+                         std::abs(charHeight) * kBelowAndAbove;
+    const double reach = spread + static_cast<double>(chars) * std::abs(charWidth) + glyph;
+    return canvas.ShowsText(x - reach, y - reach, x + reach, y + reach,
+                            std::max(std::abs(charWidth), std::abs(charHeight)));
+}
+
 void DrawText(const StrokeFont &font, std::string_view text, double x, double y, int angle,
               double charWidth, double charHeight, int colour, Canvas &canvas) {
     if (charWidth == 0 || charHeight == 0)
         return;
     if (canvas.KeepText(text, x, y, angle, charWidth, charHeight, colour))
         return;
+    if (!TextMayShow(font, canvas, text.size(), x, y, 0, charWidth, charHeight))
+        return;
     const Pen pen = PenOfCode(colour);
     const double a = angle * (4 * Atan(1.0)) / 180;
     const double cosA = Cos(a), sinA = Sin(a);
-    const double sx = charWidth / kCellWidth * (1 - font.glyphNarrowing / 100.0);
+    const double sx = GlyphScaleX(font, charWidth);
     const double sy = charHeight / kCapHeight;
+    std::vector<double> strokes;
     for (std::size_t k = 0; k < text.size(); ++k) {
         const auto code = static_cast<unsigned char>(text[k]);
         const double ox = x + static_cast<double>(k) * charWidth * cosA;
         const double oy = y + static_cast<double>(k) * charWidth * sinA;
         const int points = std::min<int>(font.glyphPointCount[code], kGlyphPoints);
+        if (points < 2)
+            continue;
+        // A screen stamps each glyph it has seen at this size and angle.
+        const ShapeName name{static_cast<double>(code), static_cast<double>(angle), sx, sy};
+        if (canvas.Stamp(name, ox, oy, pen))
+            continue;
+        strokes.clear();
+        for (int j = 0; j + 1 < points; j += 2) {
+            double ends[4];
+            for (std::size_t e = 0; e < 2; ++e) {
+                const double u = font.glyphX[code][j + e] * sx;
+                const double v = (font.glyphY[code][j + e] - kBaseline) * sy;
+                ends[2 * e] = u * cosA - v * sinA;
+                ends[2 * e + 1] = u * sinA + v * cosA;
+            }
+            if (std::abs(ends[0] - ends[2]) > kTolerance ||
+                std::abs(ends[1] - ends[3]) > kTolerance)
+                strokes.insert(strokes.end(), ends, ends + 4);
+        }
+        if (canvas.HoldShape(name, strokes) && canvas.Stamp(name, ox, oy, pen))
+            continue;
         for (int j = 0; j + 1 < points; j += 2) {
             double ends[4];
             for (std::size_t e = 0; e < 2; ++e) {

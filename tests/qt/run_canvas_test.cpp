@@ -3,6 +3,7 @@
 #include "ui/qt/control_binding.h"
 #include "ui/qt/qt_canvas.h"
 #include "ui/qt/qt_ui.h"
+#include "view/stroke_font.h"
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,7 @@ public:
     RecordingRunCanvas() : RunCanvas(QSize(200, 100)) { SetScale({0, 10, 20, -10}); }
     std::vector<PaintRun> runs;
     int erased = 0, shown = 0;
+    using RunCanvas::ShapePixels;
 
 protected:
     void Paint(const PaintRun &run) override { runs.push_back(run); }
@@ -88,6 +90,114 @@ TEST(RunCanvas, WhatCannotBeSeenIsDroppedOrClipped) {
     c.Arc(0, 0, 1, Pen{kRed}, 0, 0);
     c.Refresh();
     EXPECT_TRUE(c.runs.empty());
+}
+
+TEST(RunCanvas, TextsOutOfSightOrUnderAPixelAreLeftOutAndRunsStayShort) {
+    RecordingRunCanvas c; // 10 pixels per unit, x 0..20, y 0..10
+    EXPECT_TRUE(c.ShowsText(1, 1, 2, 2, 0.1));
+    EXPECT_TRUE(c.ShowsText(-5, -5, 0.1, 0.1, 0.1)) << "a corner reaches in";
+    EXPECT_TRUE(c.ShowsText(20.2, 1, 30, 2, 0.1)) << "within the margin of a line";
+    EXPECT_FALSE(c.ShowsText(21, 1, 30, 2, 0.1));
+    EXPECT_FALSE(c.ShowsText(1, -9, 2, -1, 0.1));
+    EXPECT_FALSE(c.ShowsText(1, 1, 2, 2, 0.09)) << "characters under a pixel";
+    c.SetScale({0, 10, 20, -1000}); // one axis squeezed: the larger scale decides
+    EXPECT_TRUE(c.ShowsText(1, 1, 2, 2, 0.1));
+
+    // One pen for longer than a run holds: several runs, every line in its order.
+    c.SetScale({0, 10, 20, -10});
+    for (int k = 0; k < 20000; ++k)
+        c.Line(0, 0, k % 20, 10, Pen{kRed});
+    c.Refresh();
+    std::size_t lines = 0, longest = 0;
+    for (const PaintRun &run : c.runs) {
+        for (const QLineF &line : run.lines)
+            ASSERT_DOUBLE_EQ(line.x2(), static_cast<double>(lines++ % 20 * 10));
+        longest = std::max(longest, run.lines.size());
+    }
+    EXPECT_EQ(lines, 20000u);
+    EXPECT_LE(longest, 8192u);
+}
+
+TEST(RunCanvas, HeldShapesAreStampedUntilTheGridChanges) {
+    RecordingRunCanvas c; // 10 pixels per unit, y up
+    const ShapeName name{'A', 0, 1, 1};
+    EXPECT_FALSE(c.Stamp(name, 1, 1, Pen{kRed})) << "not held yet";
+    const double dash[] = {0, 0, 0.2, 0.1, 0.2, 0.1, 0.2, 0.1};
+    ASSERT_TRUE(c.HoldShape(name, dash));
+    EXPECT_TRUE(c.Stamp(name, 1, 1, Pen{kRed}));
+    EXPECT_TRUE(c.Stamp(name, 100, 1, Pen{kRed})) << "out of sight: nothing left to draw";
+    EXPECT_TRUE(c.Stamp(name, 2, 1, Pen{kRed}));
+    c.Refresh();
+    ASSERT_EQ(c.runs.size(), 1u);
+    ASSERT_EQ(c.runs[0].kind, Kind::Stamps);
+    ASSERT_EQ(c.runs[0].stamps.size(), 2u);
+    EXPECT_EQ(c.runs[0].stamps[0].at, QPoint(10, 90));
+    EXPECT_EQ(c.runs[0].stamps[1].at, QPoint(20, 90));
+    EXPECT_EQ(c.ShapePixels(c.runs[0].stamps[0].shape),
+              (std::vector<QPoint>{{1, -1}, {2, -1}, {0, 0}}));
+
+    c.SetScale({0, 10, 40, -20}); // another grid: the shape must be given again
+    EXPECT_FALSE(c.Stamp(name, 1, 1, Pen{kRed}));
+    const double wide[] = {0, 0, 200, 0};
+    EXPECT_FALSE(c.HoldShape(name, wide)) << "too large to be worth a stamp";
+}
+
+// A surface that keeps no shapes: every glyph is stroked line by line.
+class StrokingCanvas : public QtCanvas {
+public:
+    using QtCanvas::QtCanvas;
+    bool HoldShape(const ShapeName &, std::span<const double>) override { return false; }
+};
+
+// Lit pixels of a that have no lit pixel within one pixel in b.
+int Strays(const QImage &a, const QImage &b) {
+    int strays = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) == qRgb(0, 0, 0))
+                continue;
+            bool near = false;
+            for (int dy = -1; dy <= 1 && !near; ++dy)
+                for (int dx = -1; dx <= 1 && !near; ++dx)
+                    near = b.valid(x + dx, y + dy) && b.pixel(x + dx, y + dy) != qRgb(0, 0, 0);
+            strays += near ? 0 : 1;
+        }
+    return strays;
+}
+
+TEST(QtCanvas, StampedGlyphsLieWhereTheirStrokesWould) {
+    StrokeFont font;
+    font.glyphPointCount.fill(-1);
+    auto glyph = [&font](unsigned char c, std::initializer_list<int> points) {
+        int k = 0;
+        for (auto v = points.begin(); v != points.end(); v += 2) {
+            font.glyphX[c][k] = static_cast<std::int16_t>(*v);
+            font.glyphY[c][k++] = static_cast<std::int16_t>(*(v + 1));
+        }
+        font.glyphPointCount[c] = static_cast<std::int16_t>(k);
+    };
+    glyph('A', {0, 30, 50, 99, 50, 99, 99, 30, 25, 60, 75, 60});
+    glyph('1', {50, 30, 50, 99, 20, 80, 50, 99});
+    glyph('O', {10, 30, 90, 30, 90, 30, 90, 99, 90, 99, 10, 99, 10, 99, 10, 30, 40, 40, 41, 40});
+    QtCanvas stamped(QSize(300, 200), Qt::black);
+    StrokingCanvas stroked(QSize(300, 200), Qt::black);
+    for (QtCanvas *c : {static_cast<QtCanvas *>(&stamped), static_cast<QtCanvas *>(&stroked)}) {
+        c->SetScale({0, 20, 30, -20});
+        double y = 2;
+        for (int angle : {0, 37, 90, -45, 180}) {
+            DrawText(font, "A1OAO11A", 1.3 + y / 30, y, angle, 1.7, 2.1, 3, *c);
+            y += 3.5;
+        }
+        c->Refresh();
+    }
+    const QImage a = stamped.Image(), b = stroked.Image();
+    int lit = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            lit += a.pixel(x, y) != qRgb(0, 0, 0) ? 1 : 0;
+    EXPECT_GT(lit, 1000);
+    EXPECT_EQ(Strays(a, b), 0);
+    EXPECT_EQ(Strays(b, a), 0);
 }
 
 TEST(RunCanvas, ClearForgetsWhatWasNotPaintedYet) {

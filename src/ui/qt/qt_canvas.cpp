@@ -1,5 +1,6 @@
 // A drawing surface painted into a cached image: lines are rasterised straight into the
-// image's pixels, circles are stamped from pixel masks made once per pen and radius.
+// image's pixels, circles are stamped from pixel masks made once per pen and radius, glyphs from
+// the masks of the shapes held.
 #include "ui/qt/qt_canvas.h"
 
 #include <QWidget>
@@ -33,6 +34,11 @@ struct Pixels {
     qsizetype stride;
     int width;
     int height;
+    static Pixels Of(QImage &image) {
+        return {reinterpret_cast<QRgb *>(image.bits()),
+                image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image.width(),
+                image.height()};
+    }
     void Set(int x, int y, QRgb rgb) const {
         // Clipping leaves a few pixels of margin; those are not in the image.
         if (static_cast<unsigned>(x) < static_cast<unsigned>(width) &&
@@ -41,45 +47,11 @@ struct Pixels {
     }
 };
 
-// A one-pixel line (Bresenham).
-void ThinLine(const Pixels &px, int x, int y, int x2, int y2, QRgb rgb) {
-    // Always from the same end, so that a bar drawn over a shell edge covers it pixel for pixel.
-    if (x > x2 || (x == x2 && y > y2)) {
-        std::swap(x, x2);
-        std::swap(y, y2);
-    }
-    const int dx = std::abs(x2 - x), sx = x < x2 ? 1 : -1;
-    const int dy = -std::abs(y2 - y), sy = y < y2 ? 1 : -1;
-    int err = dx + dy;
-    for (;;) {
-        px.Set(x, y, rgb);
-        if (x == x2 && y == y2)
-            return;
-        const int e2 = 2 * err;
-        if (e2 >= dy) {
-            err += dy;
-            x += sx;
-        }
-        if (e2 <= dx) {
-            err += dx;
-            y += sy;
-        }
-    }
-}
-
-// A line of several pixels: parallel one-pixel lines side by side across its run.
+// A line of the pen's width, its ends rounded to pixel centres.
 void WideLine(const Pixels &px, const QLineF &line, int width, QRgb rgb) {
-    const int x1 = static_cast<int>(std::lround(line.x1())),
-              y1 = static_cast<int>(std::lround(line.y1()));
-    const int x2 = static_cast<int>(std::lround(line.x2())),
-              y2 = static_cast<int>(std::lround(line.y2()));
-    const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
-    for (int k = -(width - 1) / 2; k <= width / 2; ++k) {
-        if (flat)
-            ThinLine(px, x1, y1 + k, x2, y2 + k, rgb);
-        else
-            ThinLine(px, x1 + k, y1, x2 + k, y2, rgb);
-    }
+    RasterLine(static_cast<int>(std::lround(line.x1())), static_cast<int>(std::lround(line.y1())),
+               static_cast<int>(std::lround(line.x2())), static_cast<int>(std::lround(line.y2())),
+               width, [&](int x, int y) { px.Set(x, y, rgb); });
 }
 
 // Half the side of a stamp: the circle, half its line width and a pixel of smoothing.
@@ -161,18 +133,14 @@ const std::vector<QPoint> &QtCanvas::Stamp(const PaintRun &run) {
 
 void QtCanvas::PaintLines(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px{reinterpret_cast<QRgb *>(image_.bits()),
-                    image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image_.width(),
-                    image_.height()};
+    const Pixels px = Pixels::Of(image_);
     for (const QLineF &line : run.lines)
         WideLine(px, line, std::max(1, run.width), rgb);
 }
 
 void QtCanvas::PaintStamps(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px{reinterpret_cast<QRgb *>(image_.bits()),
-                    image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image_.width(),
-                    image_.height()};
+    const Pixels px = Pixels::Of(image_);
     const std::vector<QPoint> &mask = Stamp(run);
     for (const QPointF &c : run.centres) {
         const int cx = static_cast<int>(std::lround(c.x())),
@@ -182,8 +150,21 @@ void QtCanvas::PaintStamps(const PaintRun &run) {
     }
 }
 
+void QtCanvas::PaintShapes(const PaintRun &run) {
+    const QRgb rgb = ColourOf(run.colour).rgb();
+    const Pixels px = Pixels::Of(image_);
+    for (const PixelStamp &s : run.stamps)
+        for (const QPoint &d : ShapePixels(s.shape))
+            px.Set(s.at.x() + d.x(), s.at.y() + d.y(), rgb);
+}
+
 void QtCanvas::Paint(const PaintRun &run) {
     changed_ = true;
+    if (run.kind == PaintRun::Kind::Stamps) {
+        Finish();
+        PaintShapes(run);
+        return;
+    }
     const bool stamped =
         (run.kind == PaintRun::Kind::Circles || run.kind == PaintRun::Kind::Discs) &&
         run.radius <= kLargestStamp;
@@ -213,6 +194,7 @@ void QtCanvas::Paint(const PaintRun &run) {
                       a.start16, a.span16);
         break;
     case PaintRun::Kind::Lines:
+    case PaintRun::Kind::Stamps:
     case PaintRun::Kind::None:
         break;
     }

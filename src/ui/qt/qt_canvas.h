@@ -1,5 +1,6 @@
 // A drawing surface painted into a cached image: lines are rasterised straight into the
-// image's pixels, circles are stamped from pixel masks made once per pen and radius.
+// image's pixels, circles are stamped from pixel masks made once per pen and radius, glyphs from
+// the masks of the shapes held.
 #pragma once
 
 #include "ui/qt/run_canvas.h"
@@ -40,6 +41,7 @@ private:
     const std::vector<QPoint> &Stamp(const PaintRun &run);
     void PaintLines(const PaintRun &run);
     void PaintStamps(const PaintRun &run);
+    void PaintShapes(const PaintRun &run);
 
     QImage image_;
     QColor background_;

@@ -2,7 +2,9 @@
 #include "ui/qt/run_canvas.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace vorna::qt {
@@ -11,6 +13,12 @@ namespace {
 
 // Beyond this a circle cannot be told from a line on any screen; it is not drawn.
 constexpr double kLargestRadius = 1e5;
+
+// A run this long is painted before it takes more: large enough that the per-run cost vanishes.
+constexpr std::size_t kLongestRun = 8192;
+
+// A shape wider than this is stroked line by line: a stamp would be mostly empty.
+constexpr double kLargestShape = 512;
 
 double Degrees16(double radians) {
     return radians * 180.0 / std::numbers::pi * 16.0;
@@ -80,10 +88,7 @@ double RunCanvas::RadiusToPixels(double radius) const {
 }
 
 void RunCanvas::Clear() {
-    run_.lines.clear();
-    run_.centres.clear();
-    run_.arcs.clear();
-    run_.kind = PaintRun::Kind::None;
+    run_.Forget();
     Erase();
 }
 
@@ -94,10 +99,7 @@ void RunCanvas::SetLineWidth(int pixels) {
 void RunCanvas::Flush() {
     if (!run_.Empty())
         Paint(run_);
-    run_.lines.clear();
-    run_.centres.clear();
-    run_.arcs.clear();
-    run_.kind = PaintRun::Kind::None;
+    run_.Forget();
 }
 
 void RunCanvas::Refresh() {
@@ -105,9 +107,36 @@ void RunCanvas::Refresh() {
     Show();
 }
 
+bool RunCanvas::ShowsText(double xMin, double yMin, double xMax, double yMax,
+                          double charSize) const {
+    // The surface and its margin in drawing units, worked out once per grid: a large model asks
+    // this for every label.
+    TextWindow &w = textWindow_;
+    if (w.grid != pixels_ || w.width != lineWidth_ || w.scale.left != scale_.left ||
+        w.scale.top != scale_.top || w.scale.width != scale_.width ||
+        w.scale.height != scale_.height) {
+        const double margin = lineWidth_ + 2;
+        const QPointF a = ToUnits({-margin, -margin});
+        const QPointF b = ToUnits({pixels_.width() + margin, pixels_.height() + margin});
+        w = {pixels_,
+             lineWidth_,
+             scale_,
+             std::min(a.x(), b.x()),
+             std::max(a.x(), b.x()),
+             std::min(a.y(), b.y()),
+             std::max(a.y(), b.y()),
+             std::max(std::abs(pixels_.width() / scale_.width),
+                      std::abs(pixels_.height() / scale_.height))};
+    }
+    // Characters under a pixel make a smear that reads as nothing.
+    if (charSize * w.perUnit < 1)
+        return false;
+    return !(xMax < w.xMin || xMin > w.xMax || yMax < w.yMin || yMin > w.yMax);
+}
+
 PaintRun &RunCanvas::RunFor(PaintRun::Kind kind, Rgb colour, double radius) {
     if (run_.kind != kind || run_.colour != colour || run_.width != lineWidth_ ||
-        run_.radius != radius) {
+        run_.radius != radius || run_.Size() >= kLongestRun) {
         Flush();
         run_.kind = kind;
         run_.colour = colour;
@@ -155,6 +184,85 @@ void RunCanvas::Arc(double x, double y, double radius, const Pen &pen, double st
     RunFor(PaintRun::Kind::Arcs, pen.rgb, 0)
         .arcs.push_back(
             {centre, r, static_cast<int>(std::lround(start)), static_cast<int>(std::lround(span))});
+}
+
+RunCanvas::ShapeSlot &RunCanvas::SlotOf(const ShapeName &name) {
+    std::uint64_t h = 0;
+    for (double v : name)
+        h = (h ^ std::bit_cast<std::uint64_t>(v)) * 0x9E3779B97F4A7C15u;
+    // The table is a power of two: its top bits pick the slot.
+    const std::size_t mask = shapeSlots_.size() - 1;
+    for (std::size_t i = static_cast<std::size_t>(h >> 51) & mask;; i = (i + 1) & mask) {
+        ShapeSlot &slot = shapeSlots_[i];
+        if (slot.shape < 0 || slot.name == name)
+            return slot;
+    }
+}
+
+bool RunCanvas::ShapesFitGrid() const {
+    return shapeGrid_ == pixels_ && shapeWidth_ == lineWidth_ && shapeScale_.left == scale_.left &&
+           shapeScale_.top == scale_.top && shapeScale_.width == scale_.width &&
+           shapeScale_.height == scale_.height;
+}
+
+void RunCanvas::ForgetShapes() {
+    Flush(); // the pending run may stamp them
+    // Glyphs at a few sizes and angles are a few hundred shapes; past the most the cache restarts.
+    if (!shapes_.empty())
+        std::fill(shapeSlots_.begin(), shapeSlots_.end(), ShapeSlot{});
+    shapes_.clear();
+    shapeGrid_ = pixels_;
+    shapeWidth_ = lineWidth_;
+    shapeScale_ = scale_;
+}
+
+bool RunCanvas::Stamp(const ShapeName &name, double x, double y, const Pen &pen) {
+    if (!ShapesFitGrid()) {
+        ForgetShapes();
+        return false;
+    }
+    const int shape = SlotOf(name).shape;
+    if (shape < 0)
+        return false;
+    const int reach = shapes_[static_cast<std::size_t>(shape)].reach;
+    const QPointF at = ToPixel(x, y);
+    // Wholly outside (or nowhere): drawn, as far as anyone can see.
+    if (!(at.x() >= -reach && at.y() >= -reach && at.x() <= pixels_.width() + reach &&
+          at.y() <= pixels_.height() + reach))
+        return true;
+    RunFor(PaintRun::Kind::Stamps, pen.rgb, 0)
+        .stamps.push_back({shape, QPoint(static_cast<int>(std::lround(at.x())),
+                                         static_cast<int>(std::lround(at.y())))});
+    return true;
+}
+
+bool RunCanvas::HoldShape(const ShapeName &name, std::span<const double> strokes) {
+    if (!ShapesFitGrid() || shapes_.size() >= kMostShapes)
+        ForgetShapes();
+    const double kx = pixels_.width() / scale_.width, ky = pixels_.height() / scale_.height;
+    HeldShape shape;
+    for (std::size_t i = 0; i + 3 < strokes.size(); i += 4) {
+        const double ends[4] = {strokes[i] * kx, strokes[i + 1] * ky, strokes[i + 2] * kx,
+                                strokes[i + 3] * ky};
+        for (double e : ends)
+            if (!(std::abs(e) <= kLargestShape))
+                return false;
+        RasterLine(static_cast<int>(std::lround(ends[0])), static_cast<int>(std::lround(ends[1])),
+                   static_cast<int>(std::lround(ends[2])), static_cast<int>(std::lround(ends[3])),
+                   lineWidth_, [&shape](int px, int py) { shape.pixels.emplace_back(px, py); });
+    }
+    auto before = [](QPoint a, QPoint b) {
+        return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x());
+    };
+    std::sort(shape.pixels.begin(), shape.pixels.end(), before);
+    shape.pixels.erase(std::unique(shape.pixels.begin(), shape.pixels.end()), shape.pixels.end());
+    for (QPoint p : shape.pixels)
+        shape.reach = std::max({shape.reach, std::abs(p.x()), std::abs(p.y())});
+    ShapeSlot &slot = SlotOf(name);
+    slot.name = name;
+    slot.shape = static_cast<int>(shapes_.size());
+    shapes_.push_back(std::move(shape));
+    return true;
 }
 
 void RunCanvas::FilledCircle(double x, double y, double radius, Rgb colour) {

@@ -5,9 +5,12 @@
 #include "platform/canvas.h"
 
 #include <QLineF>
+#include <QPoint>
 #include <QPointF>
 #include <QSize>
 
+#include <cstdlib>
+#include <utility>
 #include <vector>
 
 namespace vorna::qt {
@@ -20,9 +23,15 @@ struct PixelArc {
     int span16 = 0;
 };
 
+// A held shape stamped with its origin at a pixel.
+struct PixelStamp {
+    int shape = 0;
+    QPoint at;
+};
+
 // Consecutive primitives of one kind, colour and line width (and, for circles, one radius).
 struct PaintRun {
-    enum class Kind { None, Lines, Circles, Discs, Arcs };
+    enum class Kind { None, Lines, Circles, Discs, Arcs, Stamps };
     Kind kind = Kind::None;
     Rgb colour = 0;
     int width = 1;
@@ -30,13 +39,25 @@ struct PaintRun {
     std::vector<QLineF> lines;
     std::vector<QPointF> centres;
     std::vector<PixelArc> arcs;
+    std::vector<PixelStamp> stamps;
 
-    bool Empty() const { return lines.empty() && centres.empty() && arcs.empty(); }
+    bool Empty() const {
+        return lines.empty() && centres.empty() && arcs.empty() && stamps.empty();
+    }
+    std::size_t Size() const { return lines.size() + centres.size() + arcs.size() + stamps.size(); }
+    void Forget() {
+        lines.clear();
+        centres.clear();
+        arcs.clear();
+        stamps.clear();
+        kind = Kind::None;
+    }
 };
 
 // Maps the user scale onto a pixel grid, drops what cannot be seen (or is not a number) and
 // hands each finished run to Paint. Painting order is kept: a run ends as soon as the next
-// primitive needs another pen.
+// primitive needs another pen, or when it has grown long enough that holding more would only
+// cost memory (every label of a large model is millions of strokes of one pen).
 class RunCanvas : public Canvas {
 public:
     explicit RunCanvas(QSize pixels, double dpiX = 96, double dpiY = 96);
@@ -54,6 +75,10 @@ public:
     double TwipsPerPixelX() const override { return 1440.0 / dpiX_; }
     double TwipsPerPixelY() const override { return 1440.0 / dpiY_; }
     void Refresh() override;
+    bool ShowsText(double xMin, double yMin, double xMax, double yMax,
+                   double charSize) const override;
+    bool Stamp(const ShapeName &name, double x, double y, const Pen &pen) override;
+    bool HoldShape(const ShapeName &name, std::span<const double> strokes) override;
 
     QSize PixelSize() const { return pixels_; }
     void SetDpi(double dpiX, double dpiY);
@@ -68,6 +93,10 @@ protected:
     void SetPixelSize(QSize pixels);
     // Paints the pending run now.
     void Flush();
+    // The pixels of a held shape, as offsets from its origin's pixel.
+    const std::vector<QPoint> &ShapePixels(int shape) const {
+        return shapes_[static_cast<std::size_t>(shape)].pixels;
+    }
     virtual void Paint(const PaintRun &run) = 0;
     virtual void Erase() = 0;
     virtual void Show() = 0;
@@ -77,13 +106,73 @@ private:
     PaintRun &RunFor(PaintRun::Kind kind, Rgb colour, double radius);
     void Round(PaintRun::Kind kind, double x, double y, double radius, Rgb colour);
     double RadiusToPixels(double radius) const;
+    // Held shapes are rasterised for one grid and pen width; another one drops them.
+    bool ShapesFitGrid() const;
+    void ForgetShapes();
+
+    struct HeldShape {
+        std::vector<QPoint> pixels;
+        int reach = 0; // the farthest pixel from the origin, along x or y
+    };
+    // Open addressing over a table twice the most shapes held: a glyph is looked up for every
+    // character drawn.
+    struct ShapeSlot {
+        ShapeName name{};
+        int shape = -1;
+    };
+    static constexpr std::size_t kMostShapes = 4096;
+    ShapeSlot &SlotOf(const ShapeName &name);
+
+    struct TextWindow {
+        QSize grid;
+        int width = 0;
+        ScaleRect scale;
+        double xMin = 0, xMax = 0, yMin = 0, yMax = 0, perUnit = 0;
+    };
 
     QSize pixels_;
     double dpiX_, dpiY_;
     ScaleRect scale_;
     int lineWidth_ = 1;
     PaintRun run_;
+    std::vector<ShapeSlot> shapeSlots_ = std::vector<ShapeSlot>(2 * kMostShapes);
+    std::vector<HeldShape> shapes_;
+    ScaleRect shapeScale_;
+    QSize shapeGrid_;
+    int shapeWidth_ = 0;
+    mutable TextWindow textWindow_;
 };
+
+// The pixels of a line between two pixel centres (Bresenham), always walked from the same end so
+// that a line drawn over another covers it pixel for pixel; a wider pen lays parallel lines side
+// by side across the run.
+template <typename Plot> void RasterLine(int x, int y, int x2, int y2, int width, Plot plot) {
+    if (x > x2 || (x == x2 && y > y2)) {
+        std::swap(x, x2);
+        std::swap(y, y2);
+    }
+    const bool flat = std::abs(x2 - x) >= std::abs(y2 - y);
+    const int dx = std::abs(x2 - x), sx = x < x2 ? 1 : -1;
+    const int dy = -std::abs(y2 - y), sy = y < y2 ? 1 : -1;
+    for (int k = -(width - 1) / 2; k <= width / 2; ++k) {
+        int px = flat ? x : x + k, py = flat ? y + k : y;
+        int err = dx + dy;
+        for (;;) {
+            plot(px, py);
+            if (px == (flat ? x2 : x2 + k) && py == (flat ? y2 + k : y2))
+                break;
+            const int e2 = 2 * err;
+            if (e2 >= dy) {
+                err += dy;
+                px += sx;
+            }
+            if (e2 <= dx) {
+                err += dx;
+                py += sy;
+            }
+        }
+    }
+}
 
 // Clips a pixel segment to a rectangle (Liang-Barsky); false when nothing of it is inside.
 bool ClipSegment(QLineF &segment, double left, double top, double right, double bottom);
