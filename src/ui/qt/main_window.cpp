@@ -94,8 +94,23 @@ void MainWindow::Attach(Program &program, InitialSize initialSize) {
     for (MenuAction &a : actions_)
         a.control = FindControl(program.form, a.name);
     // An off-screen window has no real screen to fit: the form keeps its own width for it.
-    if (QScreen *s = screen(); s && QGuiApplication::platformName() != "offscreen")
-        program.form.screenWidth = s->availableGeometry().width() * TwipsPerPixel();
+    if (QScreen *s = screen(); s && QGuiApplication::platformName() != "offscreen") {
+        const QSize room = s->availableGeometry().size();
+        program.form.screenWidth = room.width() * TwipsPerPixel();
+        // A form larger than the screen (a small screen, or a large scale factor) opens as large
+        // as the screen allows, its title bar included.
+        constexpr int kTitleBar = 40;
+        if (initialSize == InitialSize::FromForm) {
+            const QSize wanted = WindowSizeOfForm();
+            const double tpp = TwipsPerPixel();
+            if (wanted.width() > room.width())
+                program.form.width = room.width() * tpp + kFrameTwipsX;
+            if (wanted.height() > room.height() - kTitleBar)
+                program.form.height =
+                    (room.height() - kTitleBar - menuBar()->sizeHint().height()) * tpp +
+                    kFrameTwipsY;
+        }
+    }
     if (initialSize == InitialSize::FromWindow)
         TakeSizeFromWindow();
     LayOutForm(program);
