@@ -52,11 +52,11 @@ void LoadConnectionInput(Program &p) {
 
 void ScriColl_Click(Program &p) {
     ClassifyAnalogousBars(p.model, p.connection, AnalogyParametersOf(p.form).method);
-    const WriteResult result =
+    const WriteResult connection =
         WriteConnectionFile(p.folders.jobFolder, p.model, p.connection, p.input);
-    // No message for this one: the suite can do without it.
-    WriteConnectionNameFile(p.folders.jobFolder, p.model, p.connection);
-    EndAfterHandBack(p, result);
+    const WriteResult name = WriteConnectionNameFile(p.folders.jobFolder, p.model, p.connection);
+    // The suite reads both files as one connection: either failing fails the hand-back.
+    EndAfterHandBack(p, connection == WriteResult::Written ? name : connection);
 }
 
 void Salva_Click(Program &p) {

@@ -101,8 +101,9 @@ LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
     return ParseStructure(std::move(*text), model);
 }
 
-LoadResult ParseStructure(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+namespace {
+
+LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
     std::string_view version;
     if (!ReadLine(cursor, version) || LowerCase(version).find("release") == std::string::npos)
         return LoadResult::OldVersion;
@@ -168,6 +169,18 @@ LoadResult ParseStructure(std::string text, StructureModel &model) {
         SkipLines(cursor, 1);
     SkipLines(cursor, 2);
     return LoadResult::Loaded;
+}
+
+} // namespace
+
+LoadResult ParseStructure(std::string text, StructureModel &model) {
+    TextCursor cursor{std::move(text), 0};
+    const LoadResult result = ParseTables(cursor, model);
+    // A refused file leaves no table behind: a count above the capacity, or the half of a file
+    // read so far, would be taken for a model by every command that follows.
+    if (result != LoadResult::Loaded)
+        model.pointCount = model.nodeCount = model.barCount = model.shellCount = 0;
+    return result;
 }
 
 std::optional<UserMessage> LoadMessage(LoadResult result) {
