@@ -279,24 +279,41 @@ protected:
     std::string asUser;
 };
 
-TEST_F(ReadOnlyFolders, HandBacksAreRefusedAndOldFilesKept) {
-    // Writable, the same user saves the options: the folder modes are what refuse it below.
-    WriteOldFiles();
-    test::RunResult control = suite.RunWithPrefix(HandBacks()[2].script, suite.rootName(), asUser);
-    EXPECT_NE(control.output.find(kOptionsSaved), std::string::npos) << control.output;
-
+// A folder that takes no new file gets its files written in place; a file that may not be written
+// is refused with the writer's message (status 1 for a hand-back) and keeps its bytes.
+TEST_F(ReadOnlyFolders, ClosedFoldersAreWrittenInPlaceReadOnlyFilesRefused) {
+    // What the same runs write where nothing is closed, from the same old files.
+    test::DemoSuite clean;
+    for (const HandBack &h : HandBacks()) {
+        for (const auto &file : h.files)
+            clean.Write((fs::path(h.folder) / file.first).string(), OldText(file.first));
+        RunHere(clean, h.script);
+    }
     WriteOldFiles();
     ASSERT_EQ(::chmod(suite.job().c_str(), 0555), 0);
     ASSERT_EQ(::chmod((suite.root() / "custom").c_str(), 0555), 0);
     for (const HandBack &h : HandBacks()) {
+        const std::vector<std::string> before = FolderListing(suite.root() / h.folder);
+        test::RunResult r = suite.RunWithPrefix(h.script, suite.rootName(), asUser);
+        EXPECT_EQ(r.status, 0) << r.output;
+        for (const auto &file : h.files)
+            EXPECT_EQ(test::ReadBytes(suite.root() / h.folder / file.first),
+                      test::ReadBytes(clean.root() / h.folder / file.first));
+        EXPECT_EQ(FolderListing(suite.root() / h.folder), before);
+    }
+    ::chmod(suite.job().c_str(), 0755);
+    ::chmod((suite.root() / "custom").c_str(), 0755);
+
+    WriteOldFiles();
+    for (const HandBack &h : HandBacks()) {
+        for (const auto &file : h.files)
+            ASSERT_EQ(::chmod((suite.root() / h.folder / file.first).c_str(), 0444), 0);
         test::RunResult r = suite.RunWithPrefix(h.script, suite.rootName(), asUser);
         EXPECT_NE(r.output.find(h.files[0].second), std::string::npos) << r.output;
+        EXPECT_EQ(r.status, h.files[0].second == kCannotWrite ? 1 : 0);
         for (const auto &file : h.files)
             EXPECT_EQ(test::ReadBytes(suite.root() / h.folder / file.first), OldText(file.first));
     }
-    // The folder can be cleaned up again.
-    ::chmod(suite.job().c_str(), 0755);
-    ::chmod((suite.root() / "custom").c_str(), 0755);
 }
 
 } // namespace

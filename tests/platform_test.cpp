@@ -199,21 +199,5 @@ TEST(Paths, NativePathMatchesComponentsIgnoringCase) {
 }
 #endif
 
-TEST(Paths, AtomicWriteReplacesWholeFilesOrNothing) {
-    test::TempDir dir;
-    auto target = dir.path() / "out.txt";
-    ASSERT_TRUE(WriteFileAtomic(target, "one\r\n"));
-    {
-        // Faults last as long as the object that installed them.
-        WriteFaults refuse{[](WriteStep, const std::filesystem::path &) { return true; }};
-        ScopedWriteFaults installed(refuse);
-        EXPECT_FALSE(WriteFileAtomic(target, "two\r\n"));
-    }
-    ASSERT_TRUE(WriteFileAtomic(target, "two\r\n"));
-    EXPECT_EQ(test::ReadBytes(target), "two\r\n");
-    EXPECT_FALSE(WriteFileAtomic(dir.path() / "missing" / "out.txt", "x"));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
-}
-
 } // namespace
 } // namespace vorna

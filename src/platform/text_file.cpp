@@ -1,8 +1,5 @@
-// Reading and writing the suite's text files: whole-file reads, line and field cursors over the
-// bytes (CR LF, CR or LF ends a line), and atomic writing (temporary file beside it, then rename).
+// Reading the suite's text files: line and field cursors (CR LF, CR or LF ends a line).
 #include "platform/text_file.h"
-
-#include "platform/write_faults.h"
 
 #include <fstream>
 #include <system_error>
@@ -50,44 +47,7 @@ std::string_view ReadQuoted(TextCursor &c) {
     return field;
 }
 
-// The faults a test installed on this thread; none in the program.
-thread_local const WriteFaults *installedFaults = nullptr;
-
-bool Fails(WriteStep step, const std::filesystem::path &target) {
-    return installedFaults != nullptr && installedFaults->failsAt &&
-           installedFaults->failsAt(step, target);
-}
-
-// Writes the whole text to a new file; false, with no file left, when any part of it did not
-// reach the disk.
-bool WriteNewFile(const std::filesystem::path &file, std::string_view content,
-                  const std::filesystem::path &target) {
-    if (Fails(WriteStep::Open, target))
-        return false;
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    if (!out)
-        return false;
-    const bool full = Fails(WriteStep::Write, target);
-    out.write(content.data(),
-              static_cast<std::streamsize>(full ? content.size() / 2 : content.size()));
-    // Closing flushes the last of the text: its failure is a failed write too.
-    out.close();
-    if (!out.fail() && !full)
-        return true;
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
-    return false;
-}
-
 } // namespace
-
-ScopedWriteFaults::ScopedWriteFaults(const WriteFaults &faults) : previous_(installedFaults) {
-    installedFaults = &faults;
-}
-
-ScopedWriteFaults::~ScopedWriteFaults() {
-    installedFaults = previous_;
-}
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path &path) {
     // A folder or a pipe by that name is not the file: opening a pipe would wait for a writer.
@@ -113,23 +73,6 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path &path) {
 bool FileExists(const std::filesystem::path &path) {
     std::error_code ec;
     return std::filesystem::is_regular_file(path, ec);
-}
-
-bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content) {
-    std::filesystem::path temp = path;
-    temp += ".vorna-tmp";
-    if (!WriteNewFile(temp, content, path))
-        return false;
-    std::error_code ec;
-    if (Fails(WriteStep::Rename, path))
-        ec = std::make_error_code(std::errc::permission_denied);
-    else
-        std::filesystem::rename(temp, path, ec);
-    if (ec) {
-        std::filesystem::remove(temp, ec);
-        return false;
-    }
-    return true;
 }
 
 void AppendLine(std::string &out, std::string_view line) {

@@ -13,8 +13,13 @@ namespace vorna {
 std::optional<std::string> ReadWholeFile(const std::filesystem::path &path);
 bool FileExists(const std::filesystem::path &path);
 
-// Writes content to a temporary file in the same folder and renames it over path, so that a
-// reader never sees a half-written file. False when any step fails (the target is untouched).
+// Writes content where path leads (its links followed), so that a reader sees the old file or the
+// new one whole, never a mix: a temporary file created exclusively beside the target under a
+// name no other run takes, with the old file's mode and owner, flushed to disk and renamed over
+// it. A read-only target is refused. What cannot be replaced is written into instead: a pipe or
+// a device, and a writable file in a folder that takes no new file. A signal that ends the
+// program meanwhile removes the temporary file first. False when the text did not reach the
+// target whole (a replaced target is then untouched).
 bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content);
 
 // Appends line and the CR LF that ends every line the program writes.
