@@ -7,6 +7,7 @@
 #include "platform/plain_canvas.h"
 #include "platform/write_faults.h"
 
+#include <iostream>
 #include <set>
 #include <sstream>
 #include <sys/stat.h>
@@ -206,6 +207,39 @@ TEST(DiskFaults, InputFilesThatAreFoldersOrPipesReadAsMissing) {
                   std::string::npos);
         EXPECT_NE(output.find("display 1=1\n"), std::string::npos); // the built-in defaults
     }
+}
+
+// A 2 GB structure file (sparse: no line end in it) whose first line has no "release" gets its
+// one message at once, in little memory, whatever the size.
+TEST(BoundedReading, AHugeStructureFileIsAnsweredAtOnce) {
+    if (std::system("/usr/bin/time true 2>/dev/null") != 0)
+        GTEST_SKIP() << "/usr/bin/time is missing (scripts/install-deps installs it)";
+    test::DemoSuite suite;
+    const fs::path structure = suite.job() / "STRUTTUR.STR";
+    fs::remove(structure);
+    ASSERT_EQ(std::system(("truncate -s 2G " + test::ShellQuoted(structure.string())).c_str()), 0);
+    const fs::path measured = suite.root() / "measured.txt";
+    const test::RunResult r = suite.RunWithPrefix(
+        "dump model\n", suite.rootName(),
+        "/usr/bin/time -o " + test::ShellQuoted(measured.string()) + " -f 'measured %e %M' ");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.output, "message|Attenzione|16|Versione 3.8 o precedente. Caricare e risalvare "
+                        "la struttura in 'Telaris'\n");
+    double seconds = 0, kilobytes = 0;
+    // After the line that says the status was not 0.
+    const std::string times = test::ReadBytes(measured);
+    std::istringstream(times.substr(std::min(times.find("measured "), times.size())))
+        .ignore(9) >> seconds >> kilobytes;
+#if defined(__SANITIZE_ADDRESS__)
+    // The sanitizers' shadow memory and checks; what the bound catches is the gigabytes.
+    constexpr double kSlower = 4;
+#else
+    constexpr double kSlower = 1;
+#endif
+    EXPECT_GT(kilobytes, 0);
+    EXPECT_LT(seconds, 3 * kSlower);
+    EXPECT_LT(kilobytes, 200 * 1024 * kSlower);
+    std::cout << "2 GB STRUTTUR.STR: " << seconds << " s, " << kilobytes / 1024 << " MB\n";
 }
 
 // The menu items and icon-bar keys, in the form's order.

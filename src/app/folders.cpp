@@ -49,10 +49,9 @@ std::optional<Folders> SetUpFolders(std::string_view commandLine, Ui &ui) {
     Folders f;
     f.rootFolder = *root;
 
-    auto dirlav = ReadWholeFile(NativePath(f.rootFolder + "\\impostazioni\\dirlav"));
+    auto dirlav = TextCursor::Open(NativePath(f.rootFolder + "\\impostazioni\\dirlav"));
     std::string_view first;
-    TextCursor cursor{dirlav.value_or(""), 0};
-    if (!dirlav || !ReadTextField(cursor, first))
+    if (!dirlav || !ReadTextField(*dirlav, first))
         return SettingsFileError(ui, f.rootFolder, "dirlav");
     f.jobsFolder = LowerCase(Trim(first));
     if (f.jobsFolder.size() < 9)
@@ -68,10 +67,9 @@ std::optional<Folders> SetUpFolders(std::string_view commandLine, Ui &ui) {
     if (f.rootFolder.back() == '\\')
         f.rootFolder.pop_back();
 
-    auto lavoro = ReadWholeFile(NativePath(f.rootFolder + "\\impostazioni\\lavoro"));
+    auto lavoro = TextCursor::Open(NativePath(f.rootFolder + "\\impostazioni\\lavoro"));
     std::string_view line;
-    TextCursor lines{lavoro.value_or(""), 0};
-    if (!lavoro || !ReadLine(lines, line))
+    if (!lavoro || !ReadLine(*lavoro, line))
         return SettingsFileError(ui, f.rootFolder, "lavoro");
     f.jobName = Trim(line);
     if (f.jobName.size() != 6)

@@ -28,26 +28,40 @@ bool SkipFields(TextCursor &cursor, int count) {
     return true;
 }
 
+CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model);
+CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model);
+
 } // namespace
 
 CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\spessori";
-    auto text = ReadWholeFile(NativePath(name));
-    if (!text)
+    auto cursor = TextCursor::Open(NativePath(name));
+    if (!cursor)
         return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseThicknessCards(std::move(*text), model);
+    return ThicknessCards(*cursor, model);
 }
 
 CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model) {
     std::string name = std::string(jobFolder) + "\\sezioni_";
-    auto text = ReadWholeFile(NativePath(name));
-    if (!text)
+    auto cursor = TextCursor::Open(NativePath(name));
+    if (!cursor)
         return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseSectionCards(std::move(*text), model);
+    return SectionCards(*cursor, model);
 }
 
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+    TextCursor cursor(std::move(text));
+    return ThicknessCards(cursor, model);
+}
+
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
+    TextCursor cursor(std::move(text));
+    return SectionCards(cursor, model);
+}
+
+namespace {
+
+CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model) {
     int n = ReadCardCount(cursor);
     if (n > kMaxThicknessCards)
         return {std::string(MessageText(Msg::TooManyThicknessCards)), true};
@@ -64,8 +78,7 @@ CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
     return {};
 }
 
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model) {
     int n = ReadCardCount(cursor);
     if (n > kMaxSectionCards)
         return {std::string(MessageText(Msg::TooManySectionCards)), true};
@@ -82,4 +95,5 @@ CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
     return {};
 }
 
+} // namespace
 } // namespace vorna

@@ -7,6 +7,7 @@
 #include "platform/text_file.h"
 
 #include <cmath>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -94,13 +95,6 @@ std::size_t SplitTokens(std::string_view line, Tokens &tokens) {
     return n;
 }
 
-LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
-    auto text = ReadWholeFile(NativePath(std::string(jobFolder) + "\\STRUTTUR.STR"));
-    if (!text)
-        return LoadResult::NotRead;
-    return ParseStructure(std::move(*text), model);
-}
-
 namespace {
 
 LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
@@ -171,16 +165,32 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
     return LoadResult::Loaded;
 }
 
-} // namespace
-
-LoadResult ParseStructure(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
-    const LoadResult result = ParseTables(cursor, model);
+LoadResult ParseRefusingWhole(TextCursor &cursor, StructureModel &model) {
+    LoadResult result = LoadResult::NotRead;
+    try {
+        result = ParseTables(cursor, model);
+    } catch (const std::bad_alloc &) {
+        // Lines are bounded and the tables fixed: only a machine out of memory comes here.
+    }
     // A refused file leaves no table behind: a count above the capacity, or the half of a file
     // read so far, would be taken for a model by every command that follows.
     if (result != LoadResult::Loaded)
         model.pointCount = model.nodeCount = model.barCount = model.shellCount = 0;
     return result;
+}
+
+} // namespace
+
+LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
+    auto cursor = TextCursor::Open(NativePath(std::string(jobFolder) + "\\STRUTTUR.STR"));
+    if (!cursor)
+        return LoadResult::NotRead;
+    return ParseRefusingWhole(*cursor, model);
+}
+
+LoadResult ParseStructure(std::string text, StructureModel &model) {
+    TextCursor cursor(std::move(text));
+    return ParseRefusingWhole(cursor, model);
 }
 
 std::optional<UserMessage> LoadMessage(LoadResult result) {
