@@ -61,8 +61,8 @@ std::string RunHere(const test::DemoSuite &suite, const std::string &script,
     suite.Write("faults.script", script);
     std::ostringstream out;
     ChangingHost host(std::move(afterStartUp));
-    const int ended =
-        RunScript(suite.root() / "faults.script", "|diroot=" + suite.root().string() + "|", out, host);
+    const int ended = RunScript(suite.root() / "faults.script",
+                                "|diroot=" + suite.root().string() + "|", out, host);
     if (status != nullptr)
         *status = ended;
     return out.str();
@@ -228,8 +228,8 @@ TEST(BoundedReading, AHugeStructureFileIsAnsweredAtOnce) {
     double seconds = 0, kilobytes = 0;
     // After the line that says the status was not 0.
     const std::string times = test::ReadBytes(measured);
-    std::istringstream(times.substr(std::min(times.find("measured "), times.size())))
-        .ignore(9) >> seconds >> kilobytes;
+    std::istringstream(times.substr(std::min(times.find("measured "), times.size()))).ignore(9) >>
+        seconds >> kilobytes;
 #if defined(__SANITIZE_ADDRESS__)
     // The sanitizers' shadow memory and checks; what the bound catches is the gigabytes.
     constexpr double kSlower = 4;
@@ -260,9 +260,14 @@ TEST(DiskFaults, ARefusedStructureIsAnEmptyModelToEveryCommand) {
                                "option OpzMetodo(2)\ndown 1 1\nmove 5 5 1\nup 9 9\n"
                                "click 0 0\ndblclick 1 1 4\nclicknode 1\nlabel 1\nwheel 2\n"
                                "resize 9000 7000\nbutton TuttoX\ncolour 1 2 3\npickbox 3\n";
-    const std::set<std::string> ending = {"Esci",         "ScriColl",          "Salva",
-                                          "SalvaGeom",    "SalvaSoll",         "button Esci",
-                                          "button ImportaTutto", "button ImportaGeom",
+    const std::set<std::string> ending = {"Esci",
+                                          "ScriColl",
+                                          "Salva",
+                                          "SalvaGeom",
+                                          "SalvaSoll",
+                                          "button Esci",
+                                          "button ImportaTutto",
+                                          "button ImportaGeom",
                                           "button ImportaSoll"};
     std::string walk = kVerbs, last;
     for (const std::string &name : CommandNames())

@@ -31,22 +31,32 @@ bool SkipFields(TextCursor &cursor, int count) {
 CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model);
 CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model);
 
-} // namespace
-
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model) {
-    std::string name = std::string(jobFolder) + "\\spessori";
-    auto cursor = TextCursor::Open(NativePath(name));
+// The catalogue's file, or the message that it cannot be read.
+std::optional<TextCursor> OpenCatalogue(std::string_view jobFolder, std::string_view jobPath,
+                                        const char *file, CatalogueResult &failed) {
+    const std::string name = "\\" + std::string(file);
+    auto cursor =
+        TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
     if (!cursor)
-        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ThicknessCards(*cursor, model);
+        failed = {std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name,
+                  false};
+    return cursor;
 }
 
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model) {
-    std::string name = std::string(jobFolder) + "\\sezioni_";
-    auto cursor = TextCursor::Open(NativePath(name));
-    if (!cursor)
-        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return SectionCards(*cursor, model);
+} // namespace
+
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
+                                   std::string_view jobPath) {
+    CatalogueResult failed;
+    auto cursor = OpenCatalogue(jobFolder, jobPath, "spessori", failed);
+    return cursor ? ThicknessCards(*cursor, model) : failed;
+}
+
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
+                                 std::string_view jobPath) {
+    CatalogueResult failed;
+    auto cursor = OpenCatalogue(jobFolder, jobPath, "sezioni_", failed);
+    return cursor ? SectionCards(*cursor, model) : failed;
 }
 
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {

@@ -84,8 +84,9 @@ Existing Inspect(const fs::path &target) {
     const DWORD attributes = GetFileAttributesW(target.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES)
         return {};
-    return {true, (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
-                      (attributes & FILE_ATTRIBUTE_DEVICE) == 0,
+    return {true,
+            (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+                (attributes & FILE_ATTRIBUTE_DEVICE) == 0,
             (attributes & FILE_ATTRIBUTE_READONLY) != 0};
 }
 
@@ -169,7 +170,8 @@ Existing Inspect(const fs::path &target) {
     e.regular = S_ISREG(e.status.st_mode);
     // A file without write permission is read-only to its owner's intent even where this user
     // could write it anyway (root).
-    e.readOnly = e.regular && ((e.status.st_mode & 0222U) == 0 || ::access(target.c_str(), W_OK) != 0);
+    e.readOnly =
+        e.regular && ((e.status.st_mode & 0222U) == 0 || ::access(target.c_str(), W_OK) != 0);
     return e;
 }
 
@@ -309,8 +311,8 @@ private:
 // folder that takes no new file. Not atomic, which is why it is the fallback only.
 bool WriteInPlace(const fs::path &target, std::string_view content, bool regular) {
     File file;
-    return file.OpenExisting(target) && file.Write(content) && file.EndHere(regular) && (!regular || file.Flush()) &&
-           file.Close();
+    return file.OpenExisting(target) && file.Write(content) && file.EndHere(regular) &&
+           (!regular || file.Flush()) && file.Close();
 }
 
 // Writes the whole text to the temporary file; half of it when a test makes the disk fill up.

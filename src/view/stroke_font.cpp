@@ -60,10 +60,12 @@ bool ParseStrokeFont(std::string text, StrokeFont &font) {
     return StrokeFontOf(cursor, font);
 }
 
-std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font) {
+std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font,
+                                          std::string_view programsPath) {
     std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
     const std::string name = std::string(programsFolder) + "\\font.001";
-    const auto path = NativePath(name);
+    const auto path = NativePath(std::string(programsPath.empty() ? programsFolder : programsPath) +
+                                 "\\font.001");
     if (!FileExists(path))
         return UserMessage{"File " + name + " inesistente!", "ERRORE", MsgIcon::Critical};
     auto cursor = TextCursor::Open(path);
