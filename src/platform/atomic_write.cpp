@@ -71,14 +71,41 @@ fs::path TemporaryName(const fs::path &target) {
 
 enum class Created { Yes, Taken, Refused, Failed };
 
-#ifdef _WIN32
-
 // What the target is before the write.
 struct Existing {
     bool exists = false;
     bool regular = false;
     bool readOnly = false;
+#ifndef _WIN32
+    struct stat status {};
+#endif
 };
+
+// A file being written, closed when it goes.
+class File {
+public:
+    File() = default;
+    File(const File &) = delete;
+    File &operator=(const File &) = delete;
+    ~File() { Close(); }
+
+    Created CreateNew(const fs::path &path, const Existing &old);
+    bool OpenExisting(const fs::path &path);
+    bool Write(std::string_view bytes);
+    // Cuts what an older, longer text left after the new one (a file written in place).
+    bool EndHere(bool regular);
+    bool Flush();
+    bool Close();
+
+private:
+#ifdef _WIN32
+    HANDLE handle_ = INVALID_HANDLE_VALUE;
+#else
+    int fd_ = -1;
+#endif
+};
+
+#ifdef _WIN32
 
 Existing Inspect(const fs::path &target) {
     const DWORD attributes = GetFileAttributesW(target.c_str());
@@ -90,52 +117,49 @@ Existing Inspect(const fs::path &target) {
             (attributes & FILE_ATTRIBUTE_READONLY) != 0};
 }
 
-class File {
-public:
-    File() = default;
-    File(const File &) = delete;
-    File &operator=(const File &) = delete;
-    ~File() { Close(); }
+Created File::CreateNew(const fs::path &path, const Existing &) {
+    handle_ = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                          FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle_ != INVALID_HANDLE_VALUE)
+        return Created::Yes;
+    const DWORD error = GetLastError();
+    if (error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS)
+        return Created::Taken;
+    return error == ERROR_ACCESS_DENIED ? Created::Refused : Created::Failed;
+}
 
-    Created CreateNew(const fs::path &path, const Existing &) {
-        handle_ = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (handle_ != INVALID_HANDLE_VALUE)
-            return Created::Yes;
-        const DWORD error = GetLastError();
-        if (error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS)
-            return Created::Taken;
-        return error == ERROR_ACCESS_DENIED ? Created::Refused : Created::Failed;
+bool File::OpenExisting(const fs::path &path) {
+    handle_ = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                          FILE_ATTRIBUTE_NORMAL, nullptr);
+    return handle_ != INVALID_HANDLE_VALUE;
+}
+
+bool File::Write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const DWORD chunk = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 30U));
+        if (!WriteFile(handle_, bytes.data(), chunk, &written, nullptr) || written == 0)
+            return false;
+        bytes.remove_prefix(written);
     }
-    bool OpenExisting(const fs::path &path) {
-        handle_ = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
-        return handle_ != INVALID_HANDLE_VALUE;
-    }
-    bool Write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            DWORD written = 0;
-            const DWORD chunk = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 30U));
-            if (!WriteFile(handle_, bytes.data(), chunk, &written, nullptr) || written == 0)
-                return false;
-            bytes.remove_prefix(written);
-        }
+    return true;
+}
+
+bool File::EndHere(bool) {
+    return SetEndOfFile(handle_) != 0;
+}
+
+bool File::Flush() {
+    return FlushFileBuffers(handle_) != 0;
+}
+
+bool File::Close() {
+    if (handle_ == INVALID_HANDLE_VALUE)
         return true;
-    }
-    // Cuts what an older, longer text left after the new one (a file written in place).
-    bool EndHere(bool) { return SetEndOfFile(handle_) != 0; }
-    bool Flush() { return FlushFileBuffers(handle_) != 0; }
-    bool Close() {
-        if (handle_ == INVALID_HANDLE_VALUE)
-            return true;
-        const bool closed = CloseHandle(handle_) != 0;
-        handle_ = INVALID_HANDLE_VALUE;
-        return closed;
-    }
-
-private:
-    HANDLE handle_ = INVALID_HANDLE_VALUE;
-};
+    const bool closed = CloseHandle(handle_) != 0;
+    handle_ = INVALID_HANDLE_VALUE;
+    return closed;
+}
 
 bool Replace(const fs::path &temp, const fs::path &target) {
     return MoveFileExW(temp.c_str(), target.c_str(),
@@ -155,13 +179,6 @@ public:
 
 #else
 
-struct Existing {
-    bool exists = false;
-    bool regular = false;
-    bool readOnly = false;
-    struct stat status {};
-};
-
 Existing Inspect(const fs::path &target) {
     Existing e;
     if (::stat(target.c_str(), &e.status) != 0)
@@ -175,68 +192,64 @@ Existing Inspect(const fs::path &target) {
     return e;
 }
 
-class File {
-public:
-    File() = default;
-    File(const File &) = delete;
-    File &operator=(const File &) = delete;
-    ~File() { Close(); }
-
-    Created CreateNew(const fs::path &path, const Existing &old) {
-        const mode_t mode = old.exists ? (old.status.st_mode & 07777U) : 0666U;
-        fd_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
-        if (fd_ < 0) {
-            if (errno == EEXIST)
-                return Created::Taken;
-            return errno == EACCES || errno == EPERM ? Created::Refused : Created::Failed;
-        }
-        if (old.exists) {
-            // The owner where this user may give it (root); the mode after it, since a change of
-            // owner clears the set-id bits.
-            if ((::fchown(fd_, old.status.st_uid, old.status.st_gid) != 0 && errno != EPERM) ||
-                ::fchmod(fd_, old.status.st_mode & 07777U) != 0) {
-                Close();
-                ::unlink(path.c_str());
-                return Created::Failed;
-            }
-        }
-        return Created::Yes;
+Created File::CreateNew(const fs::path &path, const Existing &old) {
+    const mode_t mode = old.exists ? (old.status.st_mode & 07777U) : 0666U;
+    fd_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+    if (fd_ < 0) {
+        if (errno == EEXIST)
+            return Created::Taken;
+        return errno == EACCES || errno == EPERM ? Created::Refused : Created::Failed;
     }
-    bool OpenExisting(const fs::path &path) {
-        // A pipe nobody reads would block the program: it is refused instead.
-        fd_ = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-        if (fd_ < 0)
+    if (old.exists) {
+        // The owner where this user may give it (root); the mode after it, since a change of
+        // owner clears the set-id bits.
+        if ((::fchown(fd_, old.status.st_uid, old.status.st_gid) != 0 && errno != EPERM) ||
+            ::fchmod(fd_, old.status.st_mode & 07777U) != 0) {
+            Close();
+            ::unlink(path.c_str());
+            return Created::Failed;
+        }
+    }
+    return Created::Yes;
+}
+
+bool File::OpenExisting(const fs::path &path) {
+    // A pipe nobody reads would block the program: it is refused instead.
+    fd_ = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd_ < 0)
+        return false;
+    const int flags = ::fcntl(fd_, F_GETFL);
+    return flags >= 0 && ::fcntl(fd_, F_SETFL, flags & ~O_NONBLOCK) == 0;
+}
+
+bool File::Write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t n = ::write(fd_, bytes.data(), bytes.size());
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
             return false;
-        const int flags = ::fcntl(fd_, F_GETFL);
-        return flags >= 0 && ::fcntl(fd_, F_SETFL, flags & ~O_NONBLOCK) == 0;
+        bytes.remove_prefix(static_cast<std::size_t>(n));
     }
-    bool Write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t n = ::write(fd_, bytes.data(), bytes.size());
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n <= 0)
-                return false;
-            bytes.remove_prefix(static_cast<std::size_t>(n));
-        }
-        return true;
-    }
-    bool EndHere(bool regular) {
-        const off_t end = ::lseek(fd_, 0, SEEK_CUR);
-        return !regular || (end >= 0 && ::ftruncate(fd_, end) == 0);
-    }
-    bool Flush() { return ::fsync(fd_) == 0 || errno == EINVAL; }
-    bool Close() {
-        if (fd_ < 0)
-            return true;
-        const bool closed = ::close(fd_) == 0;
-        fd_ = -1;
-        return closed;
-    }
+    return true;
+}
 
-private:
-    int fd_ = -1;
-};
+bool File::EndHere(bool regular) {
+    const off_t end = ::lseek(fd_, 0, SEEK_CUR);
+    return !regular || (end >= 0 && ::ftruncate(fd_, end) == 0);
+}
+
+bool File::Flush() {
+    return ::fsync(fd_) == 0 || errno == EINVAL;
+}
+
+bool File::Close() {
+    if (fd_ < 0)
+        return true;
+    const bool closed = ::close(fd_) == 0;
+    fd_ = -1;
+    return closed;
+}
 
 bool Replace(const fs::path &temp, const fs::path &target) {
     if (::rename(temp.c_str(), target.c_str()) != 0)
