@@ -57,7 +57,8 @@ InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &inp
         input.connectionDescription.clear();
         return InputResult::Missing;
     }
-    return ConnectionInputOf(*cursor, input);
+    return OrWhenOutOfMemory(InputResult::Missing,
+                             [&] { return ConnectionInputOf(*cursor, input); });
 }
 
 } // namespace vorna

@@ -31,16 +31,12 @@ bool SkipFields(TextCursor &cursor, int count) {
 CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model);
 CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model);
 
-// The catalogue's file, or the message that it cannot be read.
+// The catalogue's file, and the message given when it cannot be read.
 std::optional<TextCursor> OpenCatalogue(std::string_view jobFolder, std::string_view jobPath,
                                         const char *file, CatalogueResult &failed) {
     const std::string name = "\\" + std::string(file);
-    auto cursor =
-        TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
-    if (!cursor)
-        failed = {std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name,
-                  false};
-    return cursor;
+    failed = {std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name, false};
+    return TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
 }
 
 } // namespace
@@ -49,14 +45,16 @@ CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &m
                                    std::string_view jobPath) {
     CatalogueResult failed;
     auto cursor = OpenCatalogue(jobFolder, jobPath, "spessori", failed);
-    return cursor ? ThicknessCards(*cursor, model) : failed;
+    return cursor ? OrWhenOutOfMemory(failed, [&] { return ThicknessCards(*cursor, model); })
+                  : failed;
 }
 
 CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
                                  std::string_view jobPath) {
     CatalogueResult failed;
     auto cursor = OpenCatalogue(jobFolder, jobPath, "sezioni_", failed);
-    return cursor ? SectionCards(*cursor, model) : failed;
+    return cursor ? OrWhenOutOfMemory(failed, [&] { return SectionCards(*cursor, model); })
+                  : failed;
 }
 
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {

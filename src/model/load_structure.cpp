@@ -7,7 +7,6 @@
 #include "platform/text_file.h"
 
 #include <cmath>
-#include <new>
 #include <optional>
 #include <string>
 
@@ -166,12 +165,8 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
 }
 
 LoadResult ParseRefusingWhole(TextCursor &cursor, StructureModel &model) {
-    LoadResult result = LoadResult::NotRead;
-    try {
-        result = ParseTables(cursor, model);
-    } catch (const std::bad_alloc &) {
-        // Lines are bounded and the tables fixed: only a machine out of memory comes here.
-    }
+    const LoadResult result =
+        OrWhenOutOfMemory(LoadResult::NotRead, [&] { return ParseTables(cursor, model); });
     // A refused file leaves no table behind: a count above the capacity, or the half of a file
     // read so far, would be taken for a model by every command that follows.
     if (result != LoadResult::Loaded)

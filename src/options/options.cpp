@@ -96,7 +96,11 @@ void ReadDisplayOptions(std::string_view customFolder, DisplayOptions &options) 
         SetDefaultDisplayOptions(options);
         return;
     }
-    DisplayOptionsOf(*cursor, options);
+    if (!OrWhenOutOfMemory(false, [&] {
+            DisplayOptionsOf(*cursor, options);
+            return true;
+        }))
+        SetDefaultDisplayOptions(options);
 }
 
 void ParseDisplayOptions(std::string text, DisplayOptions &options) {
@@ -106,8 +110,12 @@ void ParseDisplayOptions(std::string text, DisplayOptions &options) {
 
 void ReadInternalOptions(std::string_view customFolder, InternalOptions &options) {
     options = InternalOptions{};
-    if (auto cursor = TextCursor::Open(NativePath(FileName(customFolder, "VorOpInt.txt"))))
-        InternalOptionsOf(*cursor, options);
+    auto cursor = TextCursor::Open(NativePath(FileName(customFolder, "VorOpInt.txt")));
+    if (cursor && !OrWhenOutOfMemory(false, [&] {
+            InternalOptionsOf(*cursor, options);
+            return true;
+        }))
+        options = InternalOptions{};
 }
 
 void ParseInternalOptions(std::string_view text, InternalOptions &options) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -64,6 +65,16 @@ private:
     bool lineEnded_ = false; // a line end (not the end of the file) follows the line
     bool skipping_ = false;  // the rest of an overlong line is still to be passed over
 };
+
+// What read returns, or failed when the machine runs out of memory on the way: an input can make
+// its reader fail, never end the program.
+template <class Result, class Read> Result OrWhenOutOfMemory(Result failed, Read &&read) {
+    try {
+        return read();
+    } catch (const std::bad_alloc &) {
+        return failed;
+    }
+}
 
 bool AtEnd(TextCursor &cursor);
 // The fields below are views into the cursor's current line, valid until the next read.

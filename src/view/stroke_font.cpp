@@ -69,7 +69,7 @@ std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, Strok
     if (!FileExists(path))
         return UserMessage{"File " + name + " inesistente!", "ERRORE", MsgIcon::Critical};
     auto cursor = TextCursor::Open(path);
-    if (!cursor || !StrokeFontOf(*cursor, font))
+    if (!cursor || !OrWhenOutOfMemory(false, [&] { return StrokeFontOf(*cursor, font); }))
         return UserMessage{"Errore in lettura del file " + name + " !", "ERRORE",
                            MsgIcon::Critical};
     return std::nullopt;
