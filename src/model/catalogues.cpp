@@ -31,30 +31,28 @@ bool SkipFields(TextCursor &cursor, int count) {
 CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model);
 CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model);
 
-// The catalogue's file, and the message given when it cannot be read.
-std::optional<TextCursor> OpenCatalogue(std::string_view jobFolder, std::string_view jobPath,
-                                        const char *file, CatalogueResult &failed) {
+// Reads the catalogue file with parse; the message of a file that cannot be read otherwise.
+CatalogueResult ReadCatalogue(std::string_view jobFolder, std::string_view jobPath,
+                              const char *file, StructureModel &model,
+                              CatalogueResult (*parse)(TextCursor &, StructureModel &)) {
     const std::string name = "\\" + std::string(file);
-    failed = {std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name, false};
-    return TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
+    const CatalogueResult failed = {
+        std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name, false};
+    auto cursor =
+        TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
+    return cursor ? OrWhenOutOfMemory(failed, [&] { return parse(*cursor, model); }) : failed;
 }
 
 } // namespace
 
 CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
                                    std::string_view jobPath) {
-    CatalogueResult failed;
-    auto cursor = OpenCatalogue(jobFolder, jobPath, "spessori", failed);
-    return cursor ? OrWhenOutOfMemory(failed, [&] { return ThicknessCards(*cursor, model); })
-                  : failed;
+    return ReadCatalogue(jobFolder, jobPath, "spessori", model, ThicknessCards);
 }
 
 CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
                                  std::string_view jobPath) {
-    CatalogueResult failed;
-    auto cursor = OpenCatalogue(jobFolder, jobPath, "sezioni_", failed);
-    return cursor ? OrWhenOutOfMemory(failed, [&] { return SectionCards(*cursor, model); })
-                  : failed;
+    return ReadCatalogue(jobFolder, jobPath, "sezioni_", model, SectionCards);
 }
 
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
