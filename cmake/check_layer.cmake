@@ -18,4 +18,7 @@ endforeach()
 if(wrong)
     message(FATAL_ERROR "src/${LAYER} may include only ${ALLOWED}:${wrong}")
 endif()
+# Ninja makes the folders of its outputs; other generators (Make) do not.
+get_filename_component(stampFolder "${STAMP}" DIRECTORY)
+file(MAKE_DIRECTORY "${stampFolder}")
 file(TOUCH "${STAMP}")

@@ -71,6 +71,22 @@ TEST(EndToEndPaths, SuiteRootWithAccentsAndEitherSeparator) {
     }
 }
 
+// A root spelled with capitals beside a folder of the same letters in lower case: the one the
+// suite named is read and written, though the program shows the name lower-cased.
+TEST(EndToEndPaths, ACapitalisedRootIsTheFolderUsedBesideItsLowerCaseTwin) {
+    test::DemoSuite suite("Suite");
+    const std::filesystem::path twin = suite.root().parent_path() / "suite";
+    std::filesystem::copy(suite.root(), twin, std::filesystem::copy_options::recursive);
+    test::WriteBytes(twin / "impostazioni" / "dirlav",
+                     Utf8ToCp1252(test::NameForProgram(twin / "lavori" / "")) + "\r\n");
+    std::filesystem::remove(twin / "lavori" / "demo01" / "STRUTTUR.STR");
+    test::RunResult r = suite.Run("dump model\nNodoBase\nclicknode 18\nScriColl\n");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(r.output.starts_with("model points=50 nodes=50 bars=112 shells=14")) << r.output;
+    EXPECT_EQ(test::ReadBytes(suite.job() / "Dati_Coll_3D.txt"), "COLL18\r\n");
+    EXPECT_FALSE(std::filesystem::exists(twin / "lavori" / "demo01" / "Dati_Coll_3D.txt"));
+}
+
 // Pictures need the window: the headless programs report the line as one they cannot do.
 TEST(EndToEndPaths, ScreenshotOnlyWithTheWindow) {
     test::DemoSuite suite;

@@ -144,7 +144,7 @@ struct Job {
     test::RecordingUi ui;
     test::RecordingCanvas disegno, picture1;
     std::unique_ptr<Program> p = std::make_unique<Program>(ui, disegno, picture1);
-    Job() { p->folders.jobFolder = dir.path().string(); }
+    Job() { p->folders.jobFolder = p->folders.jobPath = dir.path().string(); }
 };
 
 TEST(FileCommands, InputAtStartUpAndTheWaysOut) {

@@ -5,7 +5,6 @@
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
-#include "platform/write_faults.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
@@ -132,7 +131,7 @@ TEST(Text, InvalidUtf8IsConvertedByteByByte) {
 }
 
 TEST(TextFile, FieldsFollowTheCommaSeparatedRules) {
-    TextCursor c{"  \"P_HEA 200\" , 12 3,x y \r\n\r\n  7\r\nlast", 0};
+    TextCursor c{std::string("  \"P_HEA 200\" , 12 3,x y \r\n\r\n  7\r\nlast")};
     std::string_view f;
     ASSERT_TRUE(ReadTextField(c, f));
     EXPECT_EQ(f, "P_HEA 200");
@@ -149,6 +148,53 @@ TEST(TextFile, FieldsFollowTheCommaSeparatedRules) {
     EXPECT_FALSE(ReadLine(c, f));
     EXPECT_FALSE(ReadTextField(c, f));
     EXPECT_FALSE(ReadNumberField(c, f));
+}
+
+// Every read of a file taken in pieces, with lines and line ends across the pieces' seams, agrees
+// with the same reads of the text in memory.
+TEST(TextFile, AFileReadInPiecesReadsAsTheSameTextInMemory) {
+    std::mt19937 random(16);
+    const std::string alphabet = " ,\"\r\n\t1a";
+    std::string text;
+    while (text.size() < 300000)
+        text += random() % 50 == 0 ? std::string(random() % 70000, '7')
+                                   : std::string(1, alphabet[random() % alphabet.size()]);
+    test::TempDir dir;
+    dir.Write("t.txt", text);
+    auto file = TextCursor::Open(dir.path() / "t.txt");
+    ASSERT_TRUE(file);
+    TextCursor memory{text};
+    for (int read = 0;; ++read) {
+        std::string_view a, b;
+        const int kind = static_cast<int>(random() % 3);
+        const bool more = kind == 0   ? ReadLine(*file, a)
+                          : kind == 1 ? ReadTextField(*file, a)
+                                      : ReadNumberField(*file, a);
+        ASSERT_EQ(more, kind == 0   ? ReadLine(memory, b)
+                        : kind == 1 ? ReadTextField(memory, b)
+                                    : ReadNumberField(memory, b))
+            << read;
+        ASSERT_EQ(a, b) << read;
+        if (!more)
+            break;
+    }
+}
+
+// A line longer than any the files hold is one bad value, never held whole; the line after it is
+// read as usual.
+TEST(TextFile, AnOverlongLineReadsAsOneBadValue) {
+    TextCursor c{std::string(kMaxLineLength + 1, '5') + "\r\n7, 8\r\n" +
+                 std::string(kMaxLineLength * 2, ' ')};
+    std::string_view f;
+    ASSERT_TRUE(ReadNumberField(c, f));
+    EXPECT_EQ(f, std::string(1, '\0'));
+    ASSERT_TRUE(ReadLine(c, f));
+    EXPECT_EQ(f, "7, 8");
+    ASSERT_TRUE(ReadLine(c, f));
+    EXPECT_FALSE(ReadLine(c, f));
+    StructureModel model;
+    EXPECT_EQ(ParseStructure(std::string(kMaxLineLength + 1, 'x') + "release\r\n0\r\n", model),
+              LoadResult::OldVersion);
 }
 
 TEST(Tokens, NextTokenCutsBlankSeparatedTokens) {
@@ -183,8 +229,8 @@ TEST(Paths, NativePathLeavesNamesToTheFileSystem) {
     test::TempDir dir;
     dir.Write("Suite/Impostazioni/DirLav", "x");
     const std::string root = LowerCase(Utf8ToCp1252(dir.path().generic_string()));
-    EXPECT_EQ(ReadWholeFile(NativePath(root + "/suite\\impostazioni\\dirlav")), "x");
-    EXPECT_EQ(ReadWholeFile(NativePath(UpperCase(root) + "\\SUITE/IMPOSTAZIONI/DIRLAV")), "x");
+    EXPECT_EQ(test::ReadBytes(NativePath(root + "/suite\\impostazioni\\dirlav")), "x");
+    EXPECT_EQ(test::ReadBytes(NativePath(UpperCase(root) + "\\SUITE/IMPOSTAZIONI/DIRLAV")), "x");
 
     ASSERT_TRUE(WriteFileAtomic(NativePath(root + "\\suite\\Perch\xE9 \x80.txt"), "y"));
     EXPECT_TRUE(std::filesystem::exists(dir.path() / "Suite" / u8"Perché €.txt"));
@@ -198,22 +244,6 @@ TEST(Paths, NativePathMatchesComponentsIgnoringCase) {
     EXPECT_EQ(NativePath(dir.path().string() + "\\suite\\new.txt"), dir.path() / "Suite/new.txt");
 }
 #endif
-
-TEST(Paths, AtomicWriteReplacesWholeFilesOrNothing) {
-    test::TempDir dir;
-    auto target = dir.path() / "out.txt";
-    ASSERT_TRUE(WriteFileAtomic(target, "one\r\n"));
-    {
-        // Faults last as long as the object that installed them.
-        WriteFaults refuse{[](WriteStep, const std::filesystem::path &) { return true; }};
-        ScopedWriteFaults installed(refuse);
-        EXPECT_FALSE(WriteFileAtomic(target, "two\r\n"));
-    }
-    ASSERT_TRUE(WriteFileAtomic(target, "two\r\n"));
-    EXPECT_EQ(test::ReadBytes(target), "two\r\n");
-    EXPECT_FALSE(WriteFileAtomic(dir.path() / "missing" / "out.txt", "x"));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
-}
 
 } // namespace
 } // namespace vorna

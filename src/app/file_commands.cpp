@@ -31,13 +31,13 @@ void ExportResult(Program &p, ImportMode mode) {
     const TypeBarTexts texts =
         BuildTypeBarLists(p.model, p.connection, AnalogyParametersOf(p.form).method);
     EndAfterHandBack(
-        p, WriteResultFile(p.folders.jobFolder, p.model, p.connection, p.input, texts, mode));
+        p, WriteResultFile(p.folders.jobPath, p.model, p.connection, p.input, texts, mode));
 }
 
 } // namespace
 
 void LoadConnectionInput(Program &p) {
-    switch (ReadConnectionInput(p.folders.jobFolder, p.input)) {
+    switch (ReadConnectionInput(p.folders.jobPath, p.input)) {
     case InputResult::Missing:
         p.form.StringaSel.caption = "";
         break;
@@ -53,11 +53,11 @@ void LoadConnectionInput(Program &p) {
 
 void ScriColl_Click(Program &p) {
     ClassifyAnalogousBars(p.model, p.connection, AnalogyParametersOf(p.form).method);
-    const WriteResult result =
-        WriteConnectionFile(p.folders.jobFolder, p.model, p.connection, p.input);
-    // No message for this one: the suite can do without it.
-    WriteConnectionNameFile(p.folders.jobFolder, p.model, p.connection);
-    EndAfterHandBack(p, result);
+    const WriteResult connection =
+        WriteConnectionFile(p.folders.jobPath, p.model, p.connection, p.input);
+    const WriteResult name = WriteConnectionNameFile(p.folders.jobPath, p.model, p.connection);
+    // The suite reads both files as one connection: either failing fails the hand-back.
+    EndAfterHandBack(p, connection == WriteResult::Written ? name : connection);
 }
 
 void Salva_Click(Program &p) {

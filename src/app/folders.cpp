@@ -18,9 +18,10 @@ std::nullopt_t SettingsFileError(Ui &ui, const std::string &root, const char *fi
                  MsgIcon::Exclamation);
 }
 
-// The value of the "diroot=" key, or nothing when the argument has none.
+// The value of the "diroot=" key (the key in any letter case, the value as spelled), or nothing
+// when the argument has none.
 std::optional<std::string> RootFromArgument(std::string_view commandLine) {
-    std::string line = LowerCase(commandLine);
+    const std::string line = LowerCase(commandLine);
     if (Trim(line).empty())
         return std::nullopt;
     const std::string key = "|diroot=";
@@ -33,7 +34,7 @@ std::optional<std::string> RootFromArgument(std::string_view commandLine) {
     std::size_t end = line.find('|', p);
     if (end == std::string::npos) // no closing bar: no defined value
         return std::nullopt;
-    return Trim(std::string_view(line).substr(p, end - p));
+    return Trim(commandLine.substr(p, end - p));
 }
 
 bool IsSeparator(char c) {
@@ -47,31 +48,35 @@ std::optional<Folders> SetUpFolders(std::string_view commandLine, Ui &ui) {
     if (!root)
         return Fatal(ui, "Avvio del programma: argomento non presente", MsgIcon::Critical);
     Folders f;
-    f.rootFolder = *root;
+    std::string rootPath = *root;
+    f.rootFolder = LowerCase(rootPath);
 
-    auto dirlav = ReadWholeFile(NativePath(f.rootFolder + "\\impostazioni\\dirlav"));
+    auto dirlav = TextCursor::Open(NativePath(rootPath + "\\impostazioni\\dirlav"));
     std::string_view first;
-    TextCursor cursor{dirlav.value_or(""), 0};
-    if (!dirlav || !ReadTextField(cursor, first))
+    if (!dirlav || !ReadTextField(*dirlav, first))
         return SettingsFileError(ui, f.rootFolder, "dirlav");
-    f.jobsFolder = LowerCase(Trim(first));
+    std::string jobsPath = Trim(first);
+    f.jobsFolder = LowerCase(jobsPath);
     if (f.jobsFolder.size() < 9)
         return SettingsFileError(ui, f.rootFolder, "dirlav");
     // Settings files may use "/" on POSIX systems.
-    if (!IsSeparator(f.jobsFolder.back()))
+    if (!IsSeparator(f.jobsFolder.back())) {
         f.jobsFolder += "\\";
+        jobsPath += "\\";
+    }
     if (f.jobsFolder.substr(f.jobsFolder.size() - 7, 6) != "lavori")
         return Fatal(ui, "Errore: il direttorio dei lavori deve terminare con < \\lavori >",
                      MsgIcon::Exclamation);
     if (f.rootFolder.size() < 3)
         return SettingsFileError(ui, f.rootFolder, "dirlav");
-    if (f.rootFolder.back() == '\\')
+    if (f.rootFolder.back() == '\\') {
         f.rootFolder.pop_back();
+        rootPath.pop_back();
+    }
 
-    auto lavoro = ReadWholeFile(NativePath(f.rootFolder + "\\impostazioni\\lavoro"));
+    auto lavoro = TextCursor::Open(NativePath(rootPath + "\\impostazioni\\lavoro"));
     std::string_view line;
-    TextCursor lines{lavoro.value_or(""), 0};
-    if (!lavoro || !ReadLine(lines, line))
+    if (!lavoro || !ReadLine(*lavoro, line))
         return SettingsFileError(ui, f.rootFolder, "lavoro");
     f.jobName = Trim(line);
     if (f.jobName.size() != 6)
@@ -80,6 +85,9 @@ std::optional<Folders> SetUpFolders(std::string_view commandLine, Ui &ui) {
     f.jobFolder = f.jobsFolder + f.jobName;
     f.programsFolder = f.rootFolder + "\\progra";
     f.customFolder = f.rootFolder + "\\custom";
+    f.jobPath = jobsPath + f.jobName;
+    f.programsPath = rootPath + "\\progra";
+    f.customPath = rootPath + "\\custom";
     return f;
 }
 

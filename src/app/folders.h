@@ -17,6 +17,12 @@ struct Folders {
     std::string jobFolder;
     std::string programsFolder;
     std::string customFolder;
+    // The job, programs and custom folders as the command line and the settings files spell
+    // them, which is how their files are found: lower-cased (as the suite shows them) they could
+    // name another folder of the same letters.
+    std::string jobPath;
+    std::string programsPath;
+    std::string customPath;
 };
 
 // Fills the folders from the command line, or shows the fatal message and returns nothing: the

@@ -17,7 +17,7 @@ void Trappola_Click(Program &p) {
 
 // The new options apply from the next drawing of the view.
 void Rappresentazione_Click(Program &p) {
-    FormOptDialog dialog(p.displayOptions, p.folders.customFolder, p.ui);
+    FormOptDialog dialog(p.displayOptions, p.folders.customPath, p.ui);
     p.ui.RunDialog(dialog);
 }
 

@@ -106,14 +106,14 @@ private:
 
 int RunScript(const std::filesystem::path &script, std::string_view commandLine, std::ostream &out,
               ScriptHost &host) {
-    auto text = ReadWholeFile(script);
-    if (!text) {
+    auto lines = TextCursor::Open(script);
+    if (!lines) {
         out << "error|cannot read script " << script.string() << '\n';
         return 2;
     }
     ScriptUi ui(out);
     auto program = std::make_unique<Program>(ui, host.Disegno(), host.Picture1());
-    ScriptSession session{*program, ui, host, out, TextCursor{std::move(*text), 0}};
+    ScriptSession session{*program, ui, host, out, std::move(*lines)};
     ui.session = &session;
     host.Attach(*program);
     host.Sync(*program);

@@ -39,8 +39,8 @@ void RunStartUp(Program &p, std::string_view commandLine) {
         return;
     }
     p.folders = *folders;
-    ReadDisplayOptions(p.folders.customFolder, p.displayOptions);
-    ReadInternalOptions(p.folders.customFolder, p.internalOptions);
+    ReadDisplayOptions(p.folders.customPath, p.displayOptions);
+    ReadInternalOptions(p.folders.customPath, p.internalOptions);
     // The caption shows the size in force, so it follows the options file.
     p.form.Trappola.caption =
         "Trappola (" + NumberText(p.internalOptions(opt::kPickBoxSize)) + ")...";
@@ -50,11 +50,11 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     p.form.caption = Trim(p.input.connectionDescription) + " - " + p.folders.jobFolder;
     LoadFont(p);
 
-    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model)) ||
-        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model)))
+    if (!Report(p, ReadThicknessCards(p.folders.jobFolder, p.model, p.folders.jobPath)) ||
+        !Report(p, ReadSectionCards(p.folders.jobFolder, p.model, p.folders.jobPath)))
         return;
 
-    const LoadResult loaded = LoadStructure(p.folders.jobFolder, p.model);
+    const LoadResult loaded = LoadStructure(p.folders.jobPath, p.model);
     if (auto message = LoadMessage(loaded))
         ShowMessage(p, *message);
     if (loaded == LoadResult::OldVersion) {

@@ -204,7 +204,7 @@ void TuttoZ_Click(Program &p) {
 }
 
 void LoadFont(Program &p) {
-    if (auto message = LoadStrokeFont(p.folders.programsFolder, p.font))
+    if (auto message = LoadStrokeFont(p.folders.programsFolder, p.font, p.folders.programsPath))
         ShowMessage(p, *message);
 }
 

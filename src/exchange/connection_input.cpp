@@ -22,10 +22,7 @@ void SplitBarType(std::string_view field, std::string &code, std::string &descri
     description = blank == std::string::npos ? std::string() : Trim(text.substr(blank));
 }
 
-} // namespace
-
-InputResult ParseConnectionInput(std::string text, ConnectionInput &input) {
-    TextCursor cursor{std::move(text), 0};
+InputResult ConnectionInputOf(TextCursor &cursor, ConnectionInput &input) {
     std::string_view field;
     if (ReadLine(cursor, field))
         input.connectionDescription = std::string(field);
@@ -47,14 +44,21 @@ InputResult ParseConnectionInput(std::string text, ConnectionInput &input) {
     return InputResult::Read;
 }
 
+} // namespace
+
+InputResult ParseConnectionInput(std::string text, ConnectionInput &input) {
+    TextCursor cursor(std::move(text));
+    return ConnectionInputOf(cursor, input);
+}
+
 InputResult ReadConnectionInput(std::string_view jobFolder, ConnectionInput &input) {
-    std::optional<std::string> text =
-        ReadWholeFile(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
-    if (!text) {
+    auto cursor = TextCursor::Open(NativePath(std::string(jobFolder) + "\\VornaNIn.txt"));
+    if (!cursor) {
         input.connectionDescription.clear();
         return InputResult::Missing;
     }
-    return ParseConnectionInput(std::move(*text), input);
+    return OrWhenOutOfMemory(InputResult::Missing,
+                             [&] { return ConnectionInputOf(*cursor, input); });
 }
 
 } // namespace vorna

@@ -28,26 +28,46 @@ bool SkipFields(TextCursor &cursor, int count) {
     return true;
 }
 
-} // namespace
+CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model);
+CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model);
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model) {
-    std::string name = std::string(jobFolder) + "\\spessori";
-    auto text = ReadWholeFile(NativePath(name));
-    if (!text)
-        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseThicknessCards(std::move(*text), model);
+// Reads the catalogue file with parse; the message of a file that cannot be read otherwise.
+CatalogueResult ReadCatalogue(std::string_view jobFolder, std::string_view jobPath,
+                              const char *file, StructureModel &model,
+                              CatalogueResult (*parse)(TextCursor &, StructureModel &)) {
+    const std::string name = "\\" + std::string(file);
+    const CatalogueResult failed = {
+        std::string(MessageText(Msg::CannotReadFile)) + std::string(jobFolder) + name, false};
+    auto cursor =
+        TextCursor::Open(NativePath(std::string(jobPath.empty() ? jobFolder : jobPath) + name));
+    return cursor ? OrWhenOutOfMemory(failed, [&] { return parse(*cursor, model); }) : failed;
 }
 
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model) {
-    std::string name = std::string(jobFolder) + "\\sezioni_";
-    auto text = ReadWholeFile(NativePath(name));
-    if (!text)
-        return {std::string(MessageText(Msg::CannotReadFile)) + name, false};
-    return ParseSectionCards(std::move(*text), model);
+} // namespace
+
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
+                                   std::string_view jobPath) {
+    return ReadCatalogue(jobFolder, jobPath, "spessori", model, ThicknessCards);
+}
+
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
+                                 std::string_view jobPath) {
+    return ReadCatalogue(jobFolder, jobPath, "sezioni_", model, SectionCards);
 }
 
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+    TextCursor cursor(std::move(text));
+    return ThicknessCards(cursor, model);
+}
+
+CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
+    TextCursor cursor(std::move(text));
+    return SectionCards(cursor, model);
+}
+
+namespace {
+
+CatalogueResult ThicknessCards(TextCursor &cursor, StructureModel &model) {
     int n = ReadCardCount(cursor);
     if (n > kMaxThicknessCards)
         return {std::string(MessageText(Msg::TooManyThicknessCards)), true};
@@ -64,8 +84,7 @@ CatalogueResult ParseThicknessCards(std::string text, StructureModel &model) {
     return {};
 }
 
-CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+CatalogueResult SectionCards(TextCursor &cursor, StructureModel &model) {
     int n = ReadCardCount(cursor);
     if (n > kMaxSectionCards)
         return {std::string(MessageText(Msg::TooManySectionCards)), true};
@@ -82,4 +101,5 @@ CatalogueResult ParseSectionCards(std::string text, StructureModel &model) {
     return {};
 }
 
+} // namespace
 } // namespace vorna

@@ -13,8 +13,12 @@ struct CatalogueResult {
     bool endProgram = false; // too many cards: after the message the program must end
 };
 
-CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model);
-CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model);
+// The files are found in jobPath (the folder as spelled, when that differs from jobFolder, the
+// name the messages give).
+CatalogueResult ReadThicknessCards(std::string_view jobFolder, StructureModel &model,
+                                   std::string_view jobPath = {});
+CatalogueResult ReadSectionCards(std::string_view jobFolder, StructureModel &model,
+                                 std::string_view jobPath = {});
 
 // The same over the files' bytes.
 CatalogueResult ParseThicknessCards(std::string text, StructureModel &model);

@@ -94,15 +94,9 @@ std::size_t SplitTokens(std::string_view line, Tokens &tokens) {
     return n;
 }
 
-LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
-    auto text = ReadWholeFile(NativePath(std::string(jobFolder) + "\\STRUTTUR.STR"));
-    if (!text)
-        return LoadResult::NotRead;
-    return ParseStructure(std::move(*text), model);
-}
+namespace {
 
-LoadResult ParseStructure(std::string text, StructureModel &model) {
-    TextCursor cursor{std::move(text), 0};
+LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
     std::string_view version;
     if (!ReadLine(cursor, version) || LowerCase(version).find("release") == std::string::npos)
         return LoadResult::OldVersion;
@@ -168,6 +162,30 @@ LoadResult ParseStructure(std::string text, StructureModel &model) {
         SkipLines(cursor, 1);
     SkipLines(cursor, 2);
     return LoadResult::Loaded;
+}
+
+LoadResult ParseRefusingWhole(TextCursor &cursor, StructureModel &model) {
+    const LoadResult result =
+        OrWhenOutOfMemory(LoadResult::NotRead, [&] { return ParseTables(cursor, model); });
+    // A refused file leaves no table behind: a count above the capacity, or the half of a file
+    // read so far, would be taken for a model by every command that follows.
+    if (result != LoadResult::Loaded)
+        model.pointCount = model.nodeCount = model.barCount = model.shellCount = 0;
+    return result;
+}
+
+} // namespace
+
+LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model) {
+    auto cursor = TextCursor::Open(NativePath(std::string(jobFolder) + "\\STRUTTUR.STR"));
+    if (!cursor)
+        return LoadResult::NotRead;
+    return ParseRefusingWhole(*cursor, model);
+}
+
+LoadResult ParseStructure(std::string text, StructureModel &model) {
+    TextCursor cursor(std::move(text));
+    return ParseRefusingWhole(cursor, model);
 }
 
 std::optional<UserMessage> LoadMessage(LoadResult result) {

@@ -19,7 +19,7 @@ enum class LoadResult {
 
 // Reads jobFolder + "\STRUTTUR.STR" into model. A bad value keeps the field's previous value and
 // reading goes on; only the version line, a node number above 32000 and counts beyond the
-// tables' capacities interrupt the load.
+// tables' capacities interrupt the load, and leave the tables empty.
 LoadResult LoadStructure(std::string_view jobFolder, StructureModel &model);
 
 // Same, over the file's bytes.

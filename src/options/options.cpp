@@ -51,17 +51,9 @@ void SetDefaultDisplayOptions(DisplayOptions &options) {
         options.values[k] = kDefaults[k] < 0 ? OptionValue{} : OptionValue::Of(kDefaults[k]);
 }
 
-void ReadDisplayOptions(std::string_view customFolder, DisplayOptions &options) {
-    auto text = ReadWholeFile(NativePath(FileName(customFolder, "VorNOpzi.txt")));
-    if (!text) {
-        SetDefaultDisplayOptions(options);
-        return;
-    }
-    ParseDisplayOptions(std::move(*text), options);
-}
+namespace {
 
-void ParseDisplayOptions(std::string text, DisplayOptions &options) {
-    TextCursor cursor{std::move(text), 0};
+void DisplayOptionsOf(TextCursor &cursor, DisplayOptions &options) {
     for (int k = 1; k <= kDisplayOptionCount; ++k) {
         std::string_view field;
         OptionValue &value = options.values[k];
@@ -75,14 +67,7 @@ void ParseDisplayOptions(std::string text, DisplayOptions &options) {
     }
 }
 
-void ReadInternalOptions(std::string_view customFolder, InternalOptions &options) {
-    options = InternalOptions{};
-    if (auto text = ReadWholeFile(NativePath(FileName(customFolder, "VorOpInt.txt"))))
-        ParseInternalOptions(*text, options);
-}
-
-void ParseInternalOptions(std::string_view text, InternalOptions &options) {
-    TextCursor cursor{std::string(text), 0};
+void InternalOptionsOf(TextCursor &cursor, InternalOptions &options) {
     std::string_view line;
     for (int i = 0; i < kInternalOptionCount && ReadLine(cursor, line); ++i) {
         std::size_t first = line.find('|');
@@ -101,6 +86,41 @@ void ParseInternalOptions(std::string_view text, InternalOptions &options) {
         if (auto number = StrictNumber(value))
             options.values[k] = *number;
     }
+}
+
+} // namespace
+
+void ReadDisplayOptions(std::string_view customFolder, DisplayOptions &options) {
+    auto cursor = TextCursor::Open(NativePath(FileName(customFolder, "VorNOpzi.txt")));
+    if (!cursor) {
+        SetDefaultDisplayOptions(options);
+        return;
+    }
+    if (!OrWhenOutOfMemory(false, [&] {
+            DisplayOptionsOf(*cursor, options);
+            return true;
+        }))
+        SetDefaultDisplayOptions(options);
+}
+
+void ParseDisplayOptions(std::string text, DisplayOptions &options) {
+    TextCursor cursor(std::move(text));
+    DisplayOptionsOf(cursor, options);
+}
+
+void ReadInternalOptions(std::string_view customFolder, InternalOptions &options) {
+    options = InternalOptions{};
+    auto cursor = TextCursor::Open(NativePath(FileName(customFolder, "VorOpInt.txt")));
+    if (cursor && !OrWhenOutOfMemory(false, [&] {
+            InternalOptionsOf(*cursor, options);
+            return true;
+        }))
+        options = InternalOptions{};
+}
+
+void ParseInternalOptions(std::string_view text, InternalOptions &options) {
+    TextCursor cursor{std::string(text)};
+    InternalOptionsOf(cursor, options);
 }
 
 std::string DisplayOptionsText(const DisplayOptions &options) {

@@ -1,14 +1,14 @@
-// Reading and writing the suite's text files: whole-file reads, line and field cursors over the
-// bytes (CR LF, CR or LF ends a line), and atomic writing (temporary file beside it, then rename).
+// Reading the suite's text files a line at a time: line and field cursors (CR LF, CR or LF ends a
+// line).
 #include "platform/text_file.h"
 
-#include "platform/write_faults.h"
-
-#include <fstream>
+#include <cstring>
 #include <system_error>
 
 namespace vorna {
 namespace {
+
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 bool IsLineEnd(char c) {
     return c == '\r' || c == '\n';
@@ -17,97 +17,173 @@ bool IsSpace(char c) {
     return c == ' ' || c == '\t';
 }
 
-void SkipLineEnd(TextCursor &c) {
-    if (c.pos < c.text.size() && c.text[c.pos] == '\r')
-        ++c.pos;
-    if (c.pos < c.text.size() && c.text[c.pos] == '\n')
-        ++c.pos;
+} // namespace
+
+TextCursor::TextCursor(std::string text) : buffer_(std::move(text)) {}
+
+std::optional<TextCursor> TextCursor::Open(const std::filesystem::path &path) {
+    // A folder or a pipe by that name is not the file: opening a pipe would wait for a writer.
+    if (!FileExists(path))
+        return std::nullopt;
+#ifdef _WIN32
+    std::FILE *file = _wfopen(path.c_str(), L"rb");
+#else
+    std::FILE *file = std::fopen(path.c_str(), "rb");
+#endif
+    if (file == nullptr)
+        return std::nullopt;
+    TextCursor cursor{std::string()};
+    cursor.file_.reset(file);
+    return cursor;
 }
 
-void SkipSpaces(TextCursor &c) {
-    while (c.pos < c.text.size() && IsSpace(c.text[c.pos]))
-        ++c.pos;
+// The next byte not yet taken, or EOF; reads the next piece of the file when needed.
+int TextCursor::PeekByte() {
+    if (bufferPos_ == buffer_.size() && file_) {
+        buffer_.resize(kPiece);
+        buffer_.resize(std::fread(buffer_.data(), 1, kPiece, file_.get()));
+        bufferPos_ = 0;
+        if (buffer_.empty())
+            file_.reset();
+    }
+    return bufferPos_ < buffer_.size() ? static_cast<unsigned char>(buffer_[bufferPos_]) : EOF;
 }
 
-// After a field: blanks, then one comma or one line end belong to it.
-void SkipDelimiter(TextCursor &c) {
-    SkipSpaces(c);
-    if (c.pos < c.text.size() && c.text[c.pos] == ',')
-        ++c.pos;
-    else
-        SkipLineEnd(c);
+// Takes the next line into line_; false at the end of the text.
+bool TextCursor::LoadLine() {
+    // What is left of an overlong line goes first, unread, with its line end.
+    while (skipping_) {
+        const int c = PeekByte();
+        if (c == EOF) {
+            skipping_ = false;
+        } else if (IsLineEnd(static_cast<char>(c))) {
+            skipping_ = false;
+            if (buffer_[bufferPos_++] == '\r' && PeekByte() == '\n')
+                ++bufferPos_;
+        } else {
+            while (bufferPos_ < buffer_.size() && !IsLineEnd(buffer_[bufferPos_]))
+                ++bufferPos_;
+        }
+    }
+    if (PeekByte() == EOF)
+        return false;
+    line_.clear();
+    pos_ = 0;
+    inLine_ = true;
+    lineEnded_ = false;
+    for (;;) {
+        const int c = PeekByte();
+        if (c == EOF)
+            return true;
+        const char *start = buffer_.data() + bufferPos_;
+        const std::size_t available = buffer_.size() - bufferPos_;
+        std::size_t n = 0;
+        while (n < available && !IsLineEnd(start[n]))
+            ++n;
+        if (line_.size() + n > kMaxLineLength) {
+            bufferPos_ += n;
+            line_.assign(1, '\0');
+            skipping_ = true;
+            lineEnded_ = true; // known once it is passed over; taken as ended meanwhile
+            return true;
+        }
+        line_.append(start, n);
+        bufferPos_ += n;
+        if (n < available) {
+            lineEnded_ = true;
+            if (buffer_[bufferPos_++] == '\r' && PeekByte() == '\n')
+                ++bufferPos_;
+            return true;
+        }
+    }
+}
+
+bool TextCursor::EnsureLine() {
+    return inLine_ || LoadLine();
+}
+
+bool TextCursor::AtEnd() {
+    if (inLine_)
+        return pos_ >= line_.size() && !lineEnded_;
+    // Whether a line follows is known once it is taken (the next read uses it).
+    return !LoadLine();
+}
+
+void TextCursor::SkipSpaces() {
+    while (pos_ < line_.size() && IsSpace(line_[pos_]))
+        ++pos_;
+}
+
+// After a field: a comma, or the line end, belongs to it.
+void TextCursor::EndField() {
+    if (pos_ < line_.size() && line_[pos_] == ',')
+        ++pos_;
+    else if (pos_ >= line_.size())
+        inLine_ = false;
 }
 
 // A quoted field: the text up to the closing quote (or the line end).
-std::string_view ReadQuoted(TextCursor &c) {
-    ++c.pos;
-    std::size_t start = c.pos;
-    while (c.pos < c.text.size() && c.text[c.pos] != '"' && !IsLineEnd(c.text[c.pos]))
-        ++c.pos;
-    std::string_view field = std::string_view(c.text).substr(start, c.pos - start);
-    if (c.pos < c.text.size() && c.text[c.pos] == '"')
-        ++c.pos;
+std::string_view TextCursor::Quoted() {
+    const std::size_t start = ++pos_;
+    while (pos_ < line_.size() && line_[pos_] != '"')
+        ++pos_;
+    std::string_view field = std::string_view(line_).substr(start, pos_ - start);
+    if (pos_ < line_.size())
+        ++pos_;
     return field;
 }
 
-// The faults a test installed on this thread; none in the program.
-thread_local const WriteFaults *installedFaults = nullptr;
-
-bool Fails(WriteStep step, const std::filesystem::path &target) {
-    return installedFaults != nullptr && installedFaults->failsAt &&
-           installedFaults->failsAt(step, target);
-}
-
-// Writes the whole text to a new file; false, with no file left, when any part of it did not
-// reach the disk.
-bool WriteNewFile(const std::filesystem::path &file, std::string_view content,
-                  const std::filesystem::path &target) {
-    if (Fails(WriteStep::Open, target))
+bool TextCursor::ReadLine(std::string_view &line) {
+    if (AtEnd() || !EnsureLine())
         return false;
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    if (!out)
+    line = std::string_view(line_).substr(pos_);
+    pos_ = line_.size();
+    inLine_ = false;
+    return true;
+}
+
+bool TextCursor::ReadTextField(std::string_view &field) {
+    if (AtEnd() || !EnsureLine())
         return false;
-    const bool full = Fails(WriteStep::Write, target);
-    out.write(content.data(),
-              static_cast<std::streamsize>(full ? content.size() / 2 : content.size()));
-    // Closing flushes the last of the text: its failure is a failed write too.
-    out.close();
-    if (!out.fail() && !full)
-        return true;
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
-    return false;
-}
-
-} // namespace
-
-ScopedWriteFaults::ScopedWriteFaults(const WriteFaults &faults) : previous_(installedFaults) {
-    installedFaults = &faults;
-}
-
-ScopedWriteFaults::~ScopedWriteFaults() {
-    installedFaults = previous_;
-}
-
-std::optional<std::string> ReadWholeFile(const std::filesystem::path &path) {
-    // A folder or a pipe by that name is not the file: opening a pipe would wait for a writer.
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec))
-        return std::nullopt;
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return std::nullopt;
-    std::string data;
-    in.seekg(0, std::ios::end);
-    auto size = in.tellg();
-    if (size > 0) {
-        data.resize(static_cast<std::size_t>(size));
-        in.seekg(0);
-        in.read(data.data(), size);
-        if (!in)
-            return std::nullopt;
+    SkipSpaces();
+    if (pos_ < line_.size() && line_[pos_] == '"') {
+        field = Quoted();
+        while (pos_ < line_.size() && line_[pos_] != ',')
+            ++pos_;
+    } else {
+        const std::size_t start = pos_;
+        while (pos_ < line_.size() && line_[pos_] != ',')
+            ++pos_;
+        std::size_t end = pos_;
+        while (end > start && IsSpace(line_[end - 1]))
+            --end;
+        field = std::string_view(line_).substr(start, end - start);
     }
-    return data;
+    EndField();
+    return true;
+}
+
+bool TextCursor::ReadNumberField(std::string_view &field) {
+    // Blanks and whole empty lines before the field.
+    for (;;) {
+        if (!EnsureLine())
+            return false;
+        SkipSpaces();
+        if (pos_ < line_.size())
+            break;
+        inLine_ = false;
+    }
+    if (line_[pos_] == '"') {
+        field = Quoted();
+    } else {
+        const std::size_t start = pos_;
+        while (pos_ < line_.size() && line_[pos_] != ',' && !IsSpace(line_[pos_]))
+            ++pos_;
+        field = std::string_view(line_).substr(start, pos_ - start);
+    }
+    SkipSpaces();
+    EndField();
+    return true;
 }
 
 bool FileExists(const std::filesystem::path &path) {
@@ -115,83 +191,25 @@ bool FileExists(const std::filesystem::path &path) {
     return std::filesystem::is_regular_file(path, ec);
 }
 
-bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content) {
-    std::filesystem::path temp = path;
-    temp += ".vorna-tmp";
-    if (!WriteNewFile(temp, content, path))
-        return false;
-    std::error_code ec;
-    if (Fails(WriteStep::Rename, path))
-        ec = std::make_error_code(std::errc::permission_denied);
-    else
-        std::filesystem::rename(temp, path, ec);
-    if (ec) {
-        std::filesystem::remove(temp, ec);
-        return false;
-    }
-    return true;
-}
-
 void AppendLine(std::string &out, std::string_view line) {
     out += line;
     out += "\r\n";
 }
 
-bool AtEnd(const TextCursor &cursor) {
-    return cursor.pos >= cursor.text.size();
+bool AtEnd(TextCursor &cursor) {
+    return cursor.AtEnd();
 }
 
-bool ReadLine(TextCursor &c, std::string_view &line) {
-    if (AtEnd(c))
-        return false;
-    std::size_t start = c.pos;
-    while (c.pos < c.text.size() && !IsLineEnd(c.text[c.pos]))
-        ++c.pos;
-    line = std::string_view(c.text).substr(start, c.pos - start);
-    SkipLineEnd(c);
-    return true;
+bool ReadLine(TextCursor &cursor, std::string_view &line) {
+    return cursor.ReadLine(line);
 }
 
-bool ReadTextField(TextCursor &c, std::string_view &field) {
-    if (AtEnd(c))
-        return false;
-    SkipSpaces(c);
-    if (c.pos < c.text.size() && c.text[c.pos] == '"') {
-        field = ReadQuoted(c);
-        while (c.pos < c.text.size() && c.text[c.pos] != ',' && !IsLineEnd(c.text[c.pos]))
-            ++c.pos;
-    } else {
-        std::size_t start = c.pos;
-        while (c.pos < c.text.size() && c.text[c.pos] != ',' && !IsLineEnd(c.text[c.pos]))
-            ++c.pos;
-        std::size_t end = c.pos;
-        while (end > start && IsSpace(c.text[end - 1]))
-            --end;
-        field = std::string_view(c.text).substr(start, end - start);
-    }
-    if (c.pos < c.text.size() && c.text[c.pos] == ',')
-        ++c.pos;
-    else
-        SkipLineEnd(c);
-    return true;
+bool ReadTextField(TextCursor &cursor, std::string_view &field) {
+    return cursor.ReadTextField(field);
 }
 
-bool ReadNumberField(TextCursor &c, std::string_view &field) {
-    while (c.pos < c.text.size() && (IsSpace(c.text[c.pos]) || IsLineEnd(c.text[c.pos])))
-        ++c.pos;
-    if (AtEnd(c))
-        return false;
-    if (c.text[c.pos] == '"') {
-        field = ReadQuoted(c);
-    } else {
-        std::size_t start = c.pos;
-        while (c.pos < c.text.size() && c.text[c.pos] != ',' && !IsSpace(c.text[c.pos]) &&
-               !IsLineEnd(c.text[c.pos]))
-            ++c.pos;
-        field = std::string_view(c.text).substr(start, c.pos - start);
-    }
-    SkipDelimiter(c);
-    return true;
+bool ReadNumberField(TextCursor &cursor, std::string_view &field) {
+    return cursor.ReadNumberField(field);
 }
 
 } // namespace vorna

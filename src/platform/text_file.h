@@ -1,33 +1,83 @@
-// Reading and writing the suite's text files: whole-file reads, line and field cursors over the
-// bytes (CR LF, CR or LF ends a line), and atomic writing (temporary file beside it, then rename).
+// Reading and writing the suite's text files: line and field cursors that read a file a line at
+// a time (CR LF, CR or LF ends a line), and the one writer every file goes through.
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
+#include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace vorna {
 
-// The whole file's bytes, or nothing when it is not a regular file or cannot be read.
-std::optional<std::string> ReadWholeFile(const std::filesystem::path &path);
 bool FileExists(const std::filesystem::path &path);
 
-// Writes content to a temporary file in the same folder and renames it over path, so that a
-// reader never sees a half-written file. False when any step fails (the target is untouched).
+// Writes content where path leads (its links followed), so that a reader sees the old file or the
+// new one whole, never a mix: a temporary file created exclusively beside the target under a
+// name no other run takes, with the old file's mode and owner, flushed to disk and renamed over
+// it. A read-only target is refused. What cannot be replaced is written into instead: a pipe or
+// a device, and a writable file in a folder that takes no new file. A signal that ends the
+// program meanwhile removes the temporary file first. False when the text did not reach the
+// target whole (a replaced target is then untouched).
 bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content);
 
 // Appends line and the CR LF that ends every line the program writes.
 void AppendLine(std::string &out, std::string_view line);
 
-// A read position in a file's bytes.
-struct TextCursor {
-    std::string text;
-    std::size_t pos = 0;
+// No line of any file the program reads comes near this length: a longer one is read as a
+// single NUL byte, a value no reader takes, so that a file without line ends (or a damaged one)
+// is never held in memory.
+inline constexpr std::size_t kMaxLineLength = std::size_t{1} << 20U;
+
+// A read position in a text, one line of it held at a time: a file read in pieces, or a text in
+// memory (the tests' and the fuzzers').
+class TextCursor {
+public:
+    explicit TextCursor(std::string text);
+    // The file, or nothing when it is not a regular file (a folder, a pipe) or cannot be opened.
+    static std::optional<TextCursor> Open(const std::filesystem::path &path);
+
+    bool AtEnd();
+    // The rest of the current line (the next one when it was finished), its line end consumed.
+    bool ReadLine(std::string_view &line);
+    bool ReadTextField(std::string_view &field);
+    bool ReadNumberField(std::string_view &field);
+
+private:
+    struct Closer {
+        void operator()(std::FILE *file) const { std::fclose(file); }
+    };
+    int PeekByte();
+    bool LoadLine();
+    bool EnsureLine();
+    void SkipSpaces();
+    void EndField();
+    std::string_view Quoted();
+
+    std::unique_ptr<std::FILE, Closer> file_;
+    std::string buffer_; // bytes read and not yet taken into a line
+    std::size_t bufferPos_ = 0;
+    std::string line_;       // the current line, without its end
+    std::size_t pos_ = 0;    // the read position in it
+    bool inLine_ = false;    // false once the line's end was consumed
+    bool lineEnded_ = false; // a line end (not the end of the file) follows the line
+    bool skipping_ = false;  // the rest of an overlong line is still to be passed over
 };
 
-bool AtEnd(const TextCursor &cursor);
-// The fields below are views into cursor.text, valid while the cursor lives.
+// What read returns, or failed when the machine runs out of memory on the way: an input can make
+// its reader fail, never end the program.
+template <class Result, class Read> Result OrWhenOutOfMemory(Result failed, Read &&read) {
+    try {
+        return read();
+    } catch (const std::bad_alloc &) {
+        return failed;
+    }
+}
+
+bool AtEnd(TextCursor &cursor);
+// The fields below are views into the cursor's current line, valid until the next read.
 // The rest of the current line; its line end is consumed. False at the end of the file.
 bool ReadLine(TextCursor &cursor, std::string_view &line);
 // One field of a comma-separated list: leading blanks skipped, ends at a comma or the line end,

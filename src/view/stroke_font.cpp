@@ -40,11 +40,8 @@ void ReadGlyph(std::string_view line, StrokeFont &font) {
     }
 }
 
-} // namespace
-
-bool ParseStrokeFont(std::string text, StrokeFont &font) {
+bool StrokeFontOf(TextCursor &cursor, StrokeFont &font) {
     std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
-    TextCursor cursor{std::move(text), 0};
     std::string_view field;
     if (!ReadTextField(cursor, field))
         return true; // an empty file: no glyphs, nothing unreadable
@@ -58,14 +55,23 @@ bool ParseStrokeFont(std::string text, StrokeFont &font) {
     return true;
 }
 
-std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font) {
+} // namespace
+
+bool ParseStrokeFont(std::string text, StrokeFont &font) {
+    TextCursor cursor(std::move(text));
+    return StrokeFontOf(cursor, font);
+}
+
+std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font,
+                                          std::string_view programsPath) {
     std::fill(font.glyphPointCount.begin(), font.glyphPointCount.end() - 1, std::int16_t{-1});
     const std::string name = std::string(programsFolder) + "\\font.001";
-    const auto path = NativePath(name);
+    const auto path = NativePath(std::string(programsPath.empty() ? programsFolder : programsPath) +
+                                 "\\font.001");
     if (!FileExists(path))
         return UserMessage{"File " + name + " inesistente!", "ERRORE", MsgIcon::Critical};
-    auto bytes = ReadWholeFile(path);
-    if (!bytes || !ParseStrokeFont(std::move(*bytes), font))
+    auto cursor = TextCursor::Open(path);
+    if (!cursor || !OrWhenOutOfMemory(false, [&] { return StrokeFontOf(*cursor, font); }))
         return UserMessage{"Errore in lettura del file " + name + " !", "ERRORE",
                            MsgIcon::Critical};
     return std::nullopt;

@@ -12,9 +12,11 @@
 
 namespace vorna {
 
-// Reads programsFolder + "\font.001" into font. A missing or unreadable file leaves the glyphs
-// read so far (none when missing) and gives the message to show.
-std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font);
+// Reads programsFolder + "\font.001" into font (found in programsPath, the folder as spelled,
+// when given). A missing or unreadable file leaves the glyphs read so far (none when missing) and
+// gives the message to show.
+std::optional<UserMessage> LoadStrokeFont(std::string_view programsFolder, StrokeFont &font,
+                                          std::string_view programsPath = {});
 // The file's bytes into font. False on a read error (the glyphs read so far stay).
 bool ParseStrokeFont(std::string text, StrokeFont &font);
 
