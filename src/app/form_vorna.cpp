@@ -39,7 +39,7 @@ void PlaceControls(FormVorna &f) {
 
 std::span<const FormRow> FormVornaRows() {
     using Form = FormVorna;
-    static constexpr FormRow rows[] = {
+    static constexpr FormRow kRows[] = {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #define VORNA_ARRAY VORNA_ARRAY_ROW
 #define VORNA_ELEMENT VORNA_ELEMENT_ROW
@@ -74,7 +74,7 @@ std::span<const FormRow> FormVornaRows() {
 #define VORNA_BUTTON_GAP(bar) {.kind = RowKind::Gap, .name = "", .parent = #bar},
 #include "app/form_vorna_controls.h"
     };
-    return rows;
+    return kRows;
 }
 
 void Place(Control &c, double left, double top, double width, double height) {

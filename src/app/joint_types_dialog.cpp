@@ -30,11 +30,11 @@ std::string MembersText(const StructureModel &m, const JointType &type) {
 
 std::span<const ControlRow<FormTipiNodo>> FormTipiNodoRows() {
     using Form = FormTipiNodo;
-    static constexpr ControlRow<Form> rows[] = {
+    static constexpr ControlRow<Form> kRows[] = {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #include "app/joint_types_controls.h"
     };
-    return rows;
+    return kRows;
 }
 
 } // namespace

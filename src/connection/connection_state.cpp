@@ -25,11 +25,11 @@ int RecordBars(const AnalogousNode &record) {
 } // namespace
 
 std::uint32_t BarTypeColour(int type) {
-    static constexpr std::array<std::uint32_t, kMaxBarTypes> colours = {
+    static constexpr std::array<std::uint32_t, kMaxBarTypes> kColours = {
         PackRgb(0, 255, 255), PackRgb(128, 0, 255), PackRgb(255, 128, 0), PackRgb(0, 0, 255),
         PackRgb(0, 128, 255), PackRgb(0, 255, 0),   PackRgb(0, 255, 128), PackRgb(0, 0, 128),
         PackRgb(0, 128, 0),   PackRgb(255, 0, 128)};
-    return type >= 1 && type <= kMaxBarTypes ? colours[type - 1] : 0;
+    return type >= 1 && type <= kMaxBarTypes ? kColours[type - 1] : 0;
 }
 
 const std::string &BarTypeCode(const ConnectionInput &input, int type) {

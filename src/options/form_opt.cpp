@@ -15,22 +15,22 @@ constexpr Rgb kChosenFrame = PackRgb(0, 255, 255); // cyan
 
 std::span<const ControlRow<FormOpt>> FormOptRows() {
     using Form = FormOpt;
-    static constexpr ControlRow<Form> rows[] = {
+    static constexpr ControlRow<Form> kRows[] = {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #define VORNA_ARRAY VORNA_ARRAY_ROW
 #define VORNA_ELEMENT VORNA_ELEMENT_ROW
 #include "options/form_opt_controls.h"
     };
-    return rows;
+    return kRows;
 }
 
 std::span<const ControlRow<FormOptInt>> FormOptIntRows() {
     using Form = FormOptInt;
-    static constexpr ControlRow<Form> rows[] = {
+    static constexpr ControlRow<Form> kRows[] = {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #include "options/form_opt_int_controls.h"
     };
-    return rows;
+    return kRows;
 }
 
 Rgb SwatchColour(double colour) {

@@ -13,7 +13,7 @@ namespace {
 // buttons write never cut an element off.
 struct Interval {
     double a, b, width;
-    Interval(double a_, double b_) : a(a_), b(b_), width(std::abs(a_ - b_)) {}
+    Interval(double from, double to) : a(from), b(to), width(std::abs(from - to)) {}
     bool Holds(double v) const {
         return std::abs(v - a) - width <= 1.0 && std::abs(v - b) - width <= 1.0;
     }

@@ -14,8 +14,9 @@ int TokenValue(std::string_view token) {
     double value = std::floor(LeadingNumber(token));
     if (std::isnan(value))
         return 0;
-    constexpr double lo = std::numeric_limits<int>::min(), hi = std::numeric_limits<int>::max();
-    return static_cast<int>(value < lo ? lo : value > hi ? hi : value);
+    constexpr double kLo = std::numeric_limits<int>::min();
+    constexpr double kHi = std::numeric_limits<int>::max();
+    return static_cast<int>(value < kLo ? kLo : value > kHi ? kHi : value);
 }
 
 // Appends one value; false when the list would outgrow its capacity.
