@@ -1,0 +1,426 @@
+// Why a node is or is not analogous to the base node, and which rejected nodes come closest.
+#include "connection/why_not.h"
+
+#include "connection/assignment.h"
+#include "connection/rotation_match.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+// Cost of a base bar paired with a bar without a direction, or of a missing one, in the score.
+constexpr double kNoDirectionCost = 180.0 + 100.0;
+
+const Bar &BarOf(const StructureModel &m, int bar) {
+    static const Bar none{};
+    return bar >= 0 && bar < m.barCount ? m.bars[bar] : none;
+}
+
+Vec3 Mirror(const Vec3 &v) {
+    return {-v[0], -v[1], v[2]};
+}
+
+double AngleDegrees(const Vec3 &a, const Vec3 &b) {
+    return Degrees(AngleBetween(a, b));
+}
+
+// The angle between a base direction and a candidate's, mirrored too when allowed.
+double CompareAngle(const Vec3 &b, const Vec3 &v, bool mirrored) {
+    const double direct = AngleDegrees(b, v);
+    return mirrored ? std::min(direct, AngleDegrees(b, Mirror(v))) : direct;
+}
+
+void SetCandidate(const StructureModel &m, BarPairFigures &pair, const JointBar &bar) {
+    const Bar &b = BarOf(m, bar.bar);
+    pair.candidateLength = bar.length;
+    pair.candidateSection = b.sectionCard;
+    pair.candidateColour = b.colour;
+    pair.candidateLineType = b.lineType;
+}
+
+void Fail(AnalogyExplanation &e, WhyNotReason reason, int k, std::optional<double> angle = {}) {
+    if (e.reason != WhyNotReason::None)
+        return;
+    e.reason = reason;
+    e.failingBar = k;
+    e.angle = angle;
+}
+
+// The node's bar nearest in direction to base bar k among those usable[c], for a bar that found
+// no partner.
+void Nearest(const StructureModel &m, const Joint &base, const Joint &candidate, int k,
+             bool mirrored, const std::vector<std::uint8_t> *usable, AnalogyExplanation &e) {
+    BarPairFigures &pair = e.pairs[k];
+    const std::optional<Vec3> b = DirectionOf(base.bars[k]);
+    if (!b)
+        return;
+    for (std::size_t c = 0; c < candidate.bars.size(); ++c) {
+        const std::optional<Vec3> v = DirectionOf(candidate.bars[c]);
+        if (!v || (usable && !(*usable)[c]))
+            continue;
+        const double angle = CompareAngle(*b, *v, mirrored);
+        if (!pair.angle || angle < *pair.angle) {
+            pair.angle = angle;
+            pair.nearestBar = candidate.bars[c].bar;
+            SetCandidate(m, pair, candidate.bars[c]);
+        }
+    }
+}
+
+// Whether some bar among usable has base bar k's direction (mirrored too when allowed): then
+// only the length can have kept them apart.
+bool SameDirectionElsewhere(const Joint &base, const Joint &candidate, int k, bool mirrored,
+                            const std::vector<std::uint8_t> *usable) {
+    const std::optional<Vec3> b = DirectionOf(base.bars[k]);
+    if (!b)
+        return false;
+    for (std::size_t c = 0; c < candidate.bars.size(); ++c) {
+        const std::optional<Vec3> v = DirectionOf(candidate.bars[c]);
+        if (v && (!usable || (*usable)[c]) &&
+            (SameDirection(*b, *v) || (mirrored && MirroredDirection(*b, *v))))
+            return true;
+    }
+    return false;
+}
+
+void Pair(const StructureModel &m, const Joint &candidate, int c, BarPairFigures &pair) {
+    pair.candidateBar = candidate.bars[c].bar;
+    SetCandidate(m, pair, candidate.bars[c]);
+}
+
+// "Nodi identici" and "simmetrici", as the test walks them: each base bar takes the first bar
+// that agrees; under "simmetrici" a bar taken once is not taken again.
+void ExplainInTurn(const StructureModel &m, const Joint &base, const Joint &candidate,
+                   bool mirrored, bool lengths, AnalogyExplanation &e) {
+    std::vector<std::optional<Vec3>> vectors;
+    for (const JointBar &c : candidate.bars)
+        vectors.push_back(ComparedVector(c, lengths));
+    std::vector<std::uint8_t> free(candidate.bars.size(), 1);
+    for (std::size_t k = 0; k < base.bars.size(); ++k) {
+        const std::optional<Vec3> b = ComparedVector(base.bars[k], lengths);
+        for (std::size_t c = 0; b && c < vectors.size(); ++c) {
+            if (!vectors[c] || (mirrored && !free[c]))
+                continue;
+            const bool same = SameDirection(*b, *vectors[c]);
+            if (same || (mirrored && MirroredDirection(*b, *vectors[c]))) {
+                Pair(m, candidate, static_cast<int>(c), e.pairs[k]);
+                e.pairs[k].mirrored = !same;
+                free[c] = 0;
+                break;
+            }
+        }
+        BarPairFigures &pair = e.pairs[k];
+        const int kk = static_cast<int>(k);
+        if (pair.candidateBar >= 0) {
+            const std::optional<Vec3> u = DirectionOf(base.bars[k]);
+            const auto it =
+                std::find_if(candidate.bars.begin(), candidate.bars.end(),
+                             [&](const JointBar &j) { return j.bar == pair.candidateBar; });
+            const std::optional<Vec3> w = DirectionOf(*it);
+            if (u && w)
+                pair.angle = AngleDegrees(*u, pair.mirrored ? Mirror(*w) : *w);
+            continue;
+        }
+        const std::vector<std::uint8_t> *usable = mirrored ? &free : nullptr;
+        Nearest(m, base, candidate, kk, mirrored, usable, e);
+        if (lengths && SameDirectionElsewhere(base, candidate, kk, mirrored, usable))
+            Fail(e, WhyNotReason::Length, kk);
+        else
+            Fail(e, WhyNotReason::Direction, kk, pair.angle);
+    }
+}
+
+// Axis and angle of a rotation matrix; the axis is any when the angle is 0.
+void AxisAngle(const Rotation &r, AnalogyExplanation &e) {
+    const Vec3 w{r[2][1] - r[1][2], r[0][2] - r[2][0], r[1][0] - r[0][1]};
+    const double trace = r[0][0] + r[1][1] + r[2][2];
+    e.rotationAngle = Degrees(Atan2(Norm(w), trace - 1));
+    if (Norm(w) > 1e-9) {
+        e.rotationAxis = Scaled(w, 1 / Norm(w));
+        return;
+    }
+    // A half turn (or none): the axis is the longest column of R + I.
+    Vec3 best{0, 0, 1};
+    double longest = 0;
+    for (std::size_t c = 0; c < 3; ++c) {
+        Vec3 column{r[0][c], r[1][c], r[2][c]};
+        column[c] += 1;
+        if (Norm(column) > longest)
+            longest = Norm(column), best = column;
+    }
+    e.rotationAxis = longest > 1e-9 ? Scaled(best, 1 / longest) : Vec3{0, 0, 1};
+}
+
+// "Nodi identici e ruotati": the pairing the rotation search finds, or else the best rotation
+// of the pairing nearest in direction, with its largest residual.
+void ExplainRotated(const StructureModel &m, const Joint &base, const Joint &candidate,
+                    bool lengths, AnalogyExplanation &e) {
+    std::vector<Vec3> b;
+    for (std::size_t k = 0; k < base.bars.size(); ++k) {
+        const std::optional<Vec3> v = ComparedVector(base.bars[k], lengths);
+        if (!v) {
+            Fail(e, WhyNotReason::NoRotation, static_cast<int>(k));
+            return;
+        }
+        b.push_back(*v);
+    }
+    std::vector<std::optional<Vec3>> vectors;
+    for (const JointBar &c : candidate.bars)
+        vectors.push_back(ComparedVector(c, lengths));
+    std::optional<std::vector<int>> pairing = MatchRotated(b, vectors);
+    const bool found = pairing.has_value();
+    if (!found)
+        pairing = CheapestDirectionPairing(base, candidate, false);
+    if (!pairing) {
+        Fail(e, WhyNotReason::NoRotation, 0);
+        return;
+    }
+    std::vector<Vec3> to, from;
+    for (std::size_t k = 0; k < b.size(); ++k) {
+        const std::optional<Vec3> v = vectors[(*pairing)[k]];
+        from.push_back(b[k]);
+        to.push_back(v ? *v : Vec3{0, 0, 0});
+    }
+    const Rotation r = BestFitRotation(from, to);
+    e.hasRotation = true;
+    AxisAngle(r, e);
+    int worst = 0;
+    for (std::size_t k = 0; k < b.size(); ++k) {
+        const int c = (*pairing)[k];
+        BarPairFigures &pair = e.pairs[k];
+        if (found)
+            Pair(m, candidate, c, pair);
+        else {
+            pair.nearestBar = candidate.bars[c].bar;
+            SetCandidate(m, pair, candidate.bars[c]);
+        }
+        const std::optional<Vec3> w = vectors[c];
+        const double residual =
+            w && Norm(b[k]) > 0 && Norm(*w) > 0 ? AngleDegrees(Rotate(r, b[k]), *w) : 180.0;
+        pair.angle = residual;
+        if (residual > e.rotationResidual)
+            e.rotationResidual = residual, worst = static_cast<int>(k);
+    }
+    if (!found)
+        Fail(e, WhyNotReason::NoRotation, worst, e.rotationResidual);
+}
+
+// "Nodi qualsiasi": the cheapest pairing; without one, the first base bar that no bar can take.
+void ExplainAny(const StructureModel &m, const Joint &base, const Joint &candidate, bool lengths,
+                AnalogyExplanation &e) {
+    std::vector<double> angles;
+    const std::optional<std::vector<int>> pairing =
+        CheapestDirectionPairing(base, candidate, lengths, &angles);
+    const int columns = static_cast<int>(candidate.bars.size());
+    if (pairing) {
+        double total = 0;
+        for (std::size_t k = 0; k < pairing->size(); ++k) {
+            const int c = (*pairing)[k];
+            Pair(m, candidate, c, e.pairs[k]);
+            e.pairs[k].angle = Degrees(angles[k * columns + c]);
+            total += *e.pairs[k].angle;
+        }
+        e.totalAngle = total;
+        return;
+    }
+    for (std::size_t k = 0; k < base.bars.size(); ++k)
+        Nearest(m, base, candidate, static_cast<int>(k), false, nullptr, e);
+    for (std::size_t k = 0; k < base.bars.size(); ++k) {
+        const int kk = static_cast<int>(k);
+        if (!DirectionOf(base.bars[k]) || e.pairs[k].nearestBar < 0) {
+            Fail(e, WhyNotReason::Direction, kk, e.pairs[k].angle);
+            return;
+        }
+        const bool someLength =
+            std::any_of(candidate.bars.begin(), candidate.bars.end(), [&](const JointBar &c) {
+                return DirectionOf(c) && std::fabs(base.bars[k].length - c.length) < kTolerance;
+            });
+        if (lengths && !someLength) {
+            Fail(e, WhyNotReason::Length, kk);
+            return;
+        }
+    }
+    // Every base bar has some bar, but not one each: the lengths leave too few to share.
+    Fail(e, lengths ? WhyNotReason::Length : WhyNotReason::Direction, 0);
+}
+
+void ExplainProperties(const AnalogyParameters &params, AnalogyExplanation &e) {
+    auto first = [&](int BarPairFigures::*a, int BarPairFigures::*b) {
+        for (std::size_t k = 0; k < e.pairs.size(); ++k)
+            if (e.pairs[k].*a != e.pairs[k].*b)
+                return static_cast<int>(k);
+        return -1;
+    };
+    int k = -1;
+    if (params.compareColours &&
+        (k = first(&BarPairFigures::baseColour, &BarPairFigures::candidateColour)) >= 0)
+        Fail(e, WhyNotReason::Colour, k);
+    else if (params.compareLineTypes &&
+             (k = first(&BarPairFigures::baseLineType, &BarPairFigures::candidateLineType)) >= 0)
+        Fail(e, WhyNotReason::LineType, k);
+    else if (params.compareSections &&
+             (k = first(&BarPairFigures::baseSection, &BarPairFigures::candidateSection)) >= 0)
+        Fail(e, WhyNotReason::Section, k);
+}
+
+} // namespace
+
+std::string_view ReasonCode(WhyNotReason reason) {
+    switch (reason) {
+    case WhyNotReason::None:
+        return "";
+    case WhyNotReason::NotLive:
+        return "not-live";
+    case WhyNotReason::TooManyBars:
+        return "too-many-bars";
+    case WhyNotReason::BarCount:
+        return "bar-count";
+    case WhyNotReason::Direction:
+        return "direction";
+    case WhyNotReason::Length:
+        return "length";
+    case WhyNotReason::NoRotation:
+        return "rotation";
+    case WhyNotReason::Colour:
+        return "colour";
+    case WhyNotReason::LineType:
+        return "linetype";
+    case WhyNotReason::Section:
+        return "section";
+    }
+    return "";
+}
+
+AnalogyExplanation ExplainAnalogy(const StructureModel &m, const Joint &base,
+                                  const Joint &candidate, const AnalogyParameters &params) {
+    AnalogyExplanation e;
+    e.candidateBarCount = static_cast<int>(candidate.bars.size());
+    for (const JointBar &b : base.bars) {
+        BarPairFigures pair;
+        const Bar &bar = BarOf(m, b.bar);
+        pair.baseBar = b.bar;
+        pair.baseLength = b.length;
+        pair.baseSection = bar.sectionCard;
+        pair.baseColour = bar.colour;
+        pair.baseLineType = bar.lineType;
+        e.pairs.push_back(pair);
+    }
+    if (base.node < 0 || base.node >= m.nodeCount || candidate.node < 0 ||
+        candidate.node >= m.nodeCount) {
+        Fail(e, WhyNotReason::NotLive, -1);
+        return e;
+    }
+    const auto limit = static_cast<std::size_t>(kMaxBaseBars);
+    if (candidate.bars.size() > limit || base.bars.size() > limit) {
+        Fail(e, WhyNotReason::TooManyBars, -1);
+        return e;
+    }
+    if (candidate.bars.size() < base.bars.size()) {
+        Fail(e, WhyNotReason::BarCount, -1);
+        return e;
+    }
+    const AnalogyMatch match = MatchAnalogy(m, base, candidate, params);
+    e.analogous = match.outcome == AnalogyOutcome::Analogous;
+    const bool lengths = params.compareLengths;
+    if (params.method == AnalogyMethod::Identical || candidate.node == base.node)
+        ExplainInTurn(m, base, candidate, false, lengths, e);
+    else if (params.method == AnalogyMethod::IdenticalOrMirrored)
+        ExplainInTurn(m, base, candidate, true, lengths, e);
+    else if (params.method == AnalogyMethod::Rotated)
+        ExplainRotated(m, base, candidate, lengths, e);
+    else
+        ExplainAny(m, base, candidate, lengths, e);
+    if (e.reason == WhyNotReason::None)
+        ExplainProperties(params, e);
+    if (e.analogous) {
+        // The test's own record is the pairing; the walk above only found the same one.
+        for (std::size_t k = 0; k < e.pairs.size(); ++k)
+            e.pairs[k].candidateBar = match.record.bars[k];
+        e.reason = WhyNotReason::None;
+        e.failingBar = -1;
+        e.angle.reset();
+    }
+    return e;
+}
+
+AnalogyExplanation ExplainNodeAnalogy(const StructureModel &model, const ViewState &view,
+                                      ConnectionState &state, const AnalogyParameters &params,
+                                      int node) {
+    if (state.baseNode >= 0 && state.baseNode < model.nodeCount && !HasUsableBaseNode(state)) {
+        AnalogyExplanation e;
+        Fail(e, WhyNotReason::TooManyBars, -1);
+        return e;
+    }
+    if (state.baseNode < 0 || state.baseNode >= model.nodeCount || node < 0 ||
+        node >= model.nodeCount)
+        return ExplainAnalogy(model, Joint{state.baseNode, {}}, Joint{node, {}}, params);
+    KeepBarIndexCurrent(state.barIndex, model, view);
+    std::vector<std::int16_t> bars;
+    BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[node].pointIndex, bars);
+    return ExplainAnalogy(model, BaseJoint(model, state), JointAt(model, node, bars), params);
+}
+
+double NearMissScore(const Joint &base, const Joint &candidate, const AnalogyParameters &params) {
+    const int rows = static_cast<int>(base.bars.size());
+    const int columns = static_cast<int>(candidate.bars.size());
+    if (rows > columns)
+        return kNoDirectionCost * rows;
+    const bool mirrored = params.method == AnalogyMethod::IdenticalOrMirrored;
+    std::vector<std::optional<Vec3>> directions;
+    directions.reserve(candidate.bars.size());
+    for (const JointBar &v : candidate.bars)
+        directions.push_back(DirectionOf(v));
+    // Every pair is allowed: a bar without a direction only costs the most.
+    std::vector<double> cost(static_cast<std::size_t>(rows) * columns, kNoDirectionCost);
+    const std::vector<std::uint8_t> allowed(cost.size(), 1);
+    for (int k = 0; k < rows; ++k) {
+        const std::optional<Vec3> u = DirectionOf(base.bars[k]);
+        for (int c = 0; c < columns && u; ++c) {
+            const double l1 = base.bars[k].length, l2 = candidate.bars[c].length;
+            if (directions[c])
+                cost[k * columns + c] = CompareAngle(*u, *directions[c], mirrored) +
+                                        100.0 * std::fabs(l1 - l2) / std::max(l1, l2);
+        }
+    }
+    const std::optional<std::vector<int>> pairing =
+        LexFirstCheapestAssignment(rows, columns, cost, allowed);
+    if (!pairing)
+        return kNoDirectionCost * rows;
+    double score = 0;
+    for (int k = 0; k < rows; ++k)
+        score += cost[k * columns + (*pairing)[k]];
+    return score;
+}
+
+std::vector<NearMiss> FindNearMisses(const StructureModel &model, const ViewState &view,
+                                     ConnectionState &state, const AnalogyParameters &params,
+                                     int limit) {
+    std::vector<NearMiss> misses;
+    if (!HasUsableBaseNode(state) || state.baseNode >= model.nodeCount)
+        return misses;
+    KeepBarIndexCurrent(state.barIndex, model, view);
+    const Joint base = BaseJoint(model, state);
+    std::vector<std::int16_t> bars;
+    for (int n = 0; n < model.nodeCount; ++n) {
+        if (!IsLive(model.nodes[n]) || !view.nodeShown[n])
+            continue;
+        BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[n].pointIndex, bars);
+        if (bars.size() < base.bars.size() || bars.size() > static_cast<std::size_t>(kMaxBaseBars))
+            continue;
+        const Joint candidate = JointAt(model, n, bars);
+        const AnalogyExplanation e = ExplainAnalogy(model, base, candidate, params);
+        if (e.analogous)
+            continue;
+        misses.push_back({n, e.reason, e.failingBar, NearMissScore(base, candidate, params)});
+    }
+    // Table order breaks ties: the sort is stable and the nodes came in that order.
+    std::stable_sort(misses.begin(), misses.end(),
+                     [](const NearMiss &a, const NearMiss &b) { return a.score < b.score; });
+    if (misses.size() > static_cast<std::size_t>(std::max(limit, 0)))
+        misses.resize(static_cast<std::size_t>(std::max(limit, 0)));
+    return misses;
+}
+
+} // namespace vorna
