@@ -118,6 +118,8 @@ VORNA_CONTROL(SottoFunAttiva, .caption = "###")
 VORNA_CONTROL(FrameCoord)
 VORNA_CONTROL(Label6, .caption = "Coordinate:")
 VORNA_CONTROL(LabCoord, .caption = "0, 0")
+// The verdict of the last node offered alone, in the free left part of the coordinate frame.
+VORNA_CONTROL(Esito)
 
 // The menus and their items.
 VORNA_MENU(File, "&File")

@@ -5,6 +5,7 @@
 #include "app/commands.h"
 #include "app/dump.h"
 #include "app/program.h"
+#include "app/why_not.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -56,7 +57,18 @@ std::optional<int> IndexOf(std::string_view word, std::string_view name, int fir
 
 bool Dump(Session &s, const ScriptArgs &a) {
     const std::string &what = a.text[0];
-    if (what == "folders")
+    // Only whynot takes a second word: the node's name.
+    if (what == "whynot") {
+        if (!a.Has(1))
+            return false;
+        DumpWhyNot(s.p, a.text[1], s.out);
+        return true;
+    }
+    if (a.Has(1))
+        return false;
+    if (what == "nearmisses")
+        DumpNearMisses(s.p, s.out);
+    else if (what == "folders")
         DumpFolders(s.p, s.out);
     else if (what == "options")
         DumpOptions(s.p, s.out);
@@ -341,9 +353,9 @@ const std::vector<Verb<Session>> &WindowVerbs() {
     static const std::vector<Verb<Session>> verbs = {
         {"dump",
          "`dump WHAT`",
-         "`folders`, `options`, `model`, `controls`, `view`, `connection` or `buffers`: the "
-         "state as text (formats below)",
-         {kWord},
+         "`folders`, `options`, `model`, `controls`, `view`, `connection`, `buffers`, "
+         "`whynot NAME` or `nearmisses`: the state as text (formats below)",
+         {kWord, ArgRule{ArgKind::Word, true}},
          Dump},
         {"set",
          "`set CONTROL TEXT`",

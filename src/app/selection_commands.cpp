@@ -1,6 +1,7 @@
 // Commands of the selection: functions, ways of selecting, the answer line and the pick.
 #include "app/commands.h"
 
+#include "app/why_not.h"
 #include "model/messages.h"
 #include "platform/number_text.h"
 #include "projection/visibility.h"
@@ -68,6 +69,9 @@ std::optional<std::vector<int>> ParseOrWarn(Program &p, std::string_view text, i
 // Also what a pick in adding, removing or removing base bars runs, with the picked name.
 void SelectByNameString(Program &p, std::string_view text) {
     if (auto names = ParseOrWarn(p, text, kNameSelectionCapacity)) {
+        // One node offered alone: Esito tells its verdict and why.
+        if (p.command.activeFunction == ActiveFunction::AddNodes && names->size() == 1)
+            ShowVerdictOfName(p, names->front());
         SelectionContext c = ContextOf(p);
         ShowSelection(p, SelectByNames(c, *names), true);
     }
@@ -162,6 +166,7 @@ void Rimuovi_Click(Program &p) {
 void Interrompi_Click(Program &p) {
     ResetSelectionInput(p);
     EndFunction(p);
+    p.form.Esito.caption = "";
 }
 
 void RimTutto_Click(Program &p) {

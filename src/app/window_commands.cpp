@@ -2,6 +2,8 @@
 // commands by base-node state and the layout rule on resizing.
 #include "app/commands.h"
 
+#include <algorithm>
+
 namespace vorna {
 
 namespace {
@@ -91,6 +93,9 @@ void LayOutForm(Program &p) {
     f.FunAttiva.top = f.SottoFunAttiva.top = h - 1170;
     f.FrameCoord.top = h - 1250;
     f.Label6.top = f.LabCoord.top = h - 1170;
+    // Esito takes the free left part of the coordinate frame, up to the read-out's caption.
+    f.Esito.top = h - 1170;
+    f.Esito.width = std::max(0.0, f.Label6.left - 60 - f.Esito.left);
     for (Control &c : f.Angolo)
         c.top = h - 1476;
     for (Control &c : f.Label1)

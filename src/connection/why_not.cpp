@@ -225,25 +225,29 @@ void ExplainAny(const StructureModel &m, const Joint &base, const Joint &candida
         e.totalAngle = total;
         return;
     }
-    for (std::size_t k = 0; k < base.bars.size(); ++k)
-        Nearest(m, base, candidate, static_cast<int>(k), false, nullptr, e);
-    for (std::size_t k = 0; k < base.bars.size(); ++k) {
-        const int kk = static_cast<int>(k);
-        if (!DirectionOf(base.bars[k]) || e.pairs[k].nearestBar < 0) {
-            Fail(e, WhyNotReason::Direction, kk, e.pairs[k].angle);
-            return;
-        }
-        const bool someLength =
-            std::any_of(candidate.bars.begin(), candidate.bars.end(), [&](const JointBar &c) {
-                return DirectionOf(c) && std::fabs(base.bars[k].length - c.length) < kTolerance;
-            });
-        if (lengths && !someLength) {
-            Fail(e, WhyNotReason::Length, kk);
-            return;
-        }
+    const int rows = static_cast<int>(base.bars.size());
+    for (int k = 0; k < rows; ++k)
+        Nearest(m, base, candidate, k, false, nullptr, e);
+    // The first base bar that, with those before it, leaves no bar of its own: it has no
+    // direction to pair, or only lengths keep the bars it could take.
+    BipartiteGraph graph{0, columns, {}};
+    for (int k = 0; k < rows; ++k) {
+        const bool direction = DirectionOf(base.bars[k]).has_value();
+        for (int c = 0; c < columns; ++c)
+            graph.edges.push_back(direction && DirectionOf(candidate.bars[c]) &&
+                                  (!lengths || std::fabs(base.bars[k].length -
+                                                         candidate.bars[c].length) < kTolerance));
+        graph.rows = k + 1;
+        if (LexFirstMatching(graph, 0))
+            continue;
+        if (lengths && direction && e.pairs[k].nearestBar >= 0)
+            Fail(e, WhyNotReason::Length, k);
+        else
+            Fail(e, WhyNotReason::Direction, k, e.pairs[k].angle);
+        return;
     }
-    // Every base bar has some bar, but not one each: the lengths leave too few to share.
-    Fail(e, lengths ? WhyNotReason::Length : WhyNotReason::Direction, 0);
+    // Every prefix pairs: only a figure that is not a number kept the whole apart.
+    Fail(e, WhyNotReason::Direction, rows - 1);
 }
 
 void ExplainProperties(const AnalogyParameters &params, AnalogyExplanation &e) {
