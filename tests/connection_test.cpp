@@ -2,6 +2,7 @@
 // the schema and the connection commands, with differential tests of the fast structures
 // against the procedures as written on random frames.
 #include "app/commands.h"
+#include "app/why_not_dialog.h"
 #include "connection/assignment.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
@@ -1139,6 +1140,55 @@ TEST(WhyNot, EachChangeGivesItsReasonBaseBarAndAngleAndNearMissesRankThem) {
     EXPECT_EQ(mirrored.reason, WhyNotReason::Length);
     EXPECT_EQ(mirrored.failingBar, 0);
     EXPECT_EQ(explain(-1, all).reason, WhyNotReason::NotLive);
+}
+
+// "Perché no?" as the user meets it: the function, the dialog with the failing cell and the
+// near misses (a row centres the view on its node), and Esito after one node offered by name.
+TEST(ConnectionCommands, WhyNotOpensTheComparisonAndEsitoTellsTheVerdict) {
+    const std::vector<Vec3> turned = {
+        kBeamColumn[0], kBeamColumn[1],
+        Turned(kBeamColumn[2], {1, 0, 0}, 5 * std::numbers::pi / 180)};
+    Window w(turned);
+    Program &p = *w.p;
+    ASSERT_TRUE(p.form.PercheNo.enabled);
+    PercheNo_Click(p);
+    EXPECT_EQ(p.command.activeFunction, ActiveFunction::WhyNot);
+    EXPECT_EQ(p.form.FunAttiva.caption, "Perch\xE9 no?");
+    EXPECT_TRUE(p.form.Nome.enabled);
+    EXPECT_FALSE(p.form.Finestra.enabled || p.form.Tutto.enabled);
+    std::string verdict, failing, firstMiss;
+    w.ui.dialogUsers.push_back([&](Dialog &d) {
+        verdict = d.Find("Verdetto")->caption;
+        failing = d.Find("Confronto")->items.at(2);
+        firstMiss = d.Find("ListaQuasi")->items.at(0);
+        d.Find("ListaQuasi")->text = "1";
+        d.Click("ListaQuasi");
+        d.Click("Chiudi");
+        EXPECT_TRUE(d.closed);
+    });
+    Nome_Click(p);
+    p.form.Risposta.text = "12";
+    Risposta_KeyDown(p, 13);
+    ASSERT_EQ(w.ui.dialogsShown, std::vector<std::string>{"FormPercheNo"});
+    EXPECT_EQ(verdict, "Nodo 12 non analogo: asta base 3, direzione diversa di 5.0\xB0");
+    EXPECT_NE(failing.find("\t\xBB 5.0\xB0\t"), std::string::npos) << failing;
+    EXPECT_EQ(firstMiss, "1\t12\tdirezione\t3\t5.000");
+    // The node now lies at the centre of the window.
+    const ViewWindow &z = p.view.zoomWindow;
+    const int point = p.model.nodes[w.other].pointIndex;
+    EXPECT_NEAR((z.xMax + z.xMin) / 2, ProjectedXOf(p.view, point), 1e-3);
+    EXPECT_NEAR((z.yMax + z.yMin) / 2, ProjectedYOf(p.view, point), 1e-3);
+
+    Aggiungi_Click(p);
+    Nome_Click(p);
+    p.form.Risposta.text = "12";
+    Risposta_KeyDown(p, 13);
+    EXPECT_EQ(p.form.Esito.caption, verdict);
+    p.form.Risposta.text = "11";
+    Risposta_KeyDown(p, 13);
+    EXPECT_EQ(p.form.Esito.caption, "Nodo 11 analogo");
+    Interrompi_Click(p);
+    EXPECT_EQ(p.form.Esito.caption, "");
 }
 
 } // namespace

@@ -491,10 +491,16 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"set",
          "`set CONTROL TEXT`",
          "the text of one of the dialog's text boxes; `set ListaTipi K` selects row K of the "
-         "types",
+         "types, `set ListaQuasi K` near miss K (the view is centred on it), `set Schede K` tab K",
          {kWord, kOptionalText},
          [](DialogLine &d, const ScriptArgs &a) {
-             return SetText(d.session.out, d.dialog.Find(a.text[0]), a);
+             Control *c = d.dialog.Find(a.text[0]);
+             if (!SetText(d.session.out, c, a))
+                 return false;
+             // Choosing a row of a list is a click on it, as in the window.
+             if (c->enabled && !c->items.empty())
+                 d.dialog.Click(a.text[0]);
+             return true;
          }},
         {"check",
          "`check CONTROL 0\\|1`",
@@ -510,7 +516,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt), `Usa` (FormTipiNodo)",
+         "(FormOptInt), `Usa` (FormTipiNodo), `Chiudi` (FormPercheNo)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -531,10 +537,12 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              return true;
          }},
         {"dump",
-         "`dump controls` / `dump nodetypes`",
+         "`dump controls` / `dump nodetypes` / `dump rows`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
-         "`FormOptInt.caption=`, `FormTipiNodo.caption=`); in \"Tipi di nodo\", one line per "
-         "type: `type K nodes=C bars=B head=NAME members=RANGE`",
+         "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`); in \"Tipi "
+         "di nodo\", one line per type: `type K nodes=C bars=B head=NAME members=RANGE`; in "
+         "`FormPercheNo`, the rows of its two lists: `Confronto(K)=CELLS`, "
+         "`ListaQuasi(R)=CELLS`, the cells separated by `\\|`",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
              if (a.text[0] != "controls")
@@ -584,8 +592,8 @@ std::string ScriptLanguageTables() {
     AppendTable(out, WindowVerbs());
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
-    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`) is open, the lines act on "
-           "it until it closes:\n\n";
+    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`) is open, "
+           "the lines act on it until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

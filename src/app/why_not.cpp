@@ -12,16 +12,6 @@
 namespace vorna {
 namespace {
 
-// A figure with a fixed number of decimals; never "-0.0".
-std::string Fixed(double value, int decimals) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    std::string s = text;
-    if (s.starts_with('-') && s.find_first_not_of("-0.") == std::string::npos)
-        s.erase(0, 1);
-    return s;
-}
-
 std::string BaseBarText(int k) {
     return "asta base " + IntText(k + 1) + ", ";
 }
@@ -31,6 +21,41 @@ int NameOf(const StructureModel &m, int bar) {
 }
 
 } // namespace
+
+std::string FixedText(double value, int decimals) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
+    std::string s = text;
+    if (s.starts_with('-') && s.find_first_not_of("-0.") == std::string::npos)
+        s.erase(0, 1);
+    return s;
+}
+
+std::string ReasonWord(WhyNotReason reason) {
+    switch (reason) {
+    case WhyNotReason::None:
+        return "";
+    case WhyNotReason::NotLive:
+        return "nodo non attivo";
+    case WhyNotReason::TooManyBars:
+        return "troppe aste";
+    case WhyNotReason::BarCount:
+        return "numero di aste";
+    case WhyNotReason::Direction:
+        return "direzione";
+    case WhyNotReason::Length:
+        return "lunghezza";
+    case WhyNotReason::NoRotation:
+        return "rotazione";
+    case WhyNotReason::Colour:
+        return "colore";
+    case WhyNotReason::LineType:
+        return "tipo linea";
+    case WhyNotReason::Section:
+        return "sezione";
+    }
+    return "";
+}
 
 int NodeForExplanation(const StructureModel &m, const ViewState &view, int name, bool &notLive) {
     notLive = false;
@@ -66,7 +91,7 @@ std::string ReasonText(const AnalogyExplanation &e) {
         return IntText(e.candidateBarCount) + " aste, il nodo base ne ha " +
                IntText(static_cast<long long>(e.pairs.size()));
     case WhyNotReason::Direction:
-        return BaseBarText(k) + (e.angle ? "direzione diversa di " + Fixed(*e.angle, 1) + deg
+        return BaseBarText(k) + (e.angle ? "direzione diversa di " + FixedText(*e.angle, 1) + deg
                                          : std::string("nessuna asta nella sua direzione"));
     case WhyNotReason::Length: {
         const BarPairFigures &p = e.pairs[k];
@@ -74,8 +99,8 @@ std::string ReasonText(const AnalogyExplanation &e) {
                " invece di " + NumberText(p.baseLength) + ")";
     }
     case WhyNotReason::NoRotation:
-        return BaseBarText(k) + "nessuna rotazione, scarto di " + Fixed(e.angle.value_or(0), 1) +
-               deg;
+        return BaseBarText(k) + "nessuna rotazione, scarto di " +
+               FixedText(e.angle.value_or(0), 1) + deg;
     case WhyNotReason::Colour:
         return BaseBarText(k) + "colore diverso";
     case WhyNotReason::LineType:
@@ -95,12 +120,14 @@ void ShowVerdictOfName(Program &p, int name) {
     bool notLive = false;
     const int node = NodeForExplanation(p.model, p.view, name, notLive);
     if (node < 0 || !p.view.nodeShown[node]) {
-        p.form.Esito.caption = "";
+        p.form.Esito.caption = p.form.Esito.tooltip = "";
         return;
     }
     const AnalogyExplanation e =
         ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), node);
     p.form.Esito.caption = VerdictText(p.model, name, e);
+    // The status row may leave room for only part of it.
+    p.form.Esito.tooltip = p.form.Esito.caption;
 }
 
 void DumpWhyNot(Program &p, std::string_view nameText, std::ostream &out) {
@@ -127,14 +154,14 @@ void DumpWhyNot(Program &p, std::string_view nameText, std::ostream &out) {
         if (e.failingBar >= 0)
             out << " bar=" << e.failingBar + 1;
         if (e.angle)
-            out << " angle=" << Fixed(e.angle.value_or(0), 3);
+            out << " angle=" << FixedText(e.angle.value_or(0), 3);
     }
     out << '\n';
     for (std::size_t k = 0; k < e.pairs.size(); ++k) {
         const BarPairFigures &pair = e.pairs[k];
         out << "pair k=" << k + 1 << " base=" << NameOf(p.model, pair.baseBar)
             << " candidate=" << NameOf(p.model, pair.candidateBar)
-            << " angle=" << (pair.angle ? Fixed(*pair.angle, 3) : "-")
+            << " angle=" << (pair.angle ? FixedText(*pair.angle, 3) : "-")
             << " lengths=" << NumberText(pair.baseLength) << '/' << NumberText(pair.candidateLength)
             << '\n';
     }
@@ -147,7 +174,7 @@ void DumpNearMisses(Program &p, std::ostream &out) {
         const NearMiss &m = misses[r];
         out << "nearmiss rank=" << r + 1 << " node=" << p.model.nodes[m.node].name
             << " reason=" << ReasonCode(m.reason) << " bar=" << m.failingBar + 1
-            << " score=" << Fixed(m.score, 3) << '\n';
+            << " score=" << FixedText(m.score, 3) << '\n';
     }
 }
 

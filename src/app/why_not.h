@@ -16,6 +16,11 @@ namespace vorna {
 // -1 alone when it has none.
 int NodeForExplanation(const StructureModel &model, const ViewState &view, int name, bool &notLive);
 
+// A figure with a fixed number of decimals, "." as separator; never "-0.0".
+std::string FixedText(double value, int decimals);
+// The criterion in one or two Italian words ("direzione", "tipo linea").
+std::string ReasonWord(WhyNotReason reason);
+
 // The verdict in Italian words, as the label Esito shows it: "Nodo 12 analogo" or
 // "Nodo 12 non analogo: asta base 3, direzione diversa di 5.0°" (Windows-1252).
 std::string VerdictText(const StructureModel &model, int name, const AnalogyExplanation &e);

@@ -23,9 +23,9 @@ void UpdateBaseNodeCommands(Program &p) {
     bool chosen = p.connection.baseNode >= 0;
     f.NodoBase.enabled = !chosen;
     for (Control *c : {&f.RimNodoBase, &f.AsteNodoBase, &f.Aggiungi, &f.ScriColl, &f.Rimuovi,
-                       &f.RimTutto, &f.Inverti, &f.EvidTipo, &f.Salva, &f.SalvaGeom, &f.SalvaSoll,
-                       &f.btnImportaTutto, &f.btnImportaGeom, &f.btnImportaSoll, &f.btnAggiungi,
-                       &f.btnRimuovi, &f.btnRimuoviTutto, &f.btnInvertiSel})
+                       &f.RimTutto, &f.Inverti, &f.EvidTipo, &f.PercheNo, &f.Salva, &f.SalvaGeom,
+                       &f.SalvaSoll, &f.btnImportaTutto, &f.btnImportaGeom, &f.btnImportaSoll,
+                       &f.btnAggiungi, &f.btnRimuovi, &f.btnRimuoviTutto, &f.btnInvertiSel})
         c->enabled = chosen;
 }
 

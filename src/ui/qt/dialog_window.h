@@ -7,6 +7,7 @@
 #include "ui/qt/surface_widget.h"
 
 #include <QDialog>
+#include <QTabWidget>
 
 #include <vector>
 
@@ -34,7 +35,9 @@ private:
     QWidget *Text(const std::string &name);
     void BuildFormOpt();
     void BuildFormOptInt();
+    QWidget *List(const std::string &name, const char *titles, QWidget *parent = nullptr);
     void BuildFormTipiNodo();
+    void BuildFormPercheNo();
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();
@@ -43,6 +46,7 @@ private:
     Dialog &dialog_;
     std::vector<Binding> bindings_;
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
+    QTabWidget *tabs_ = nullptr;      // FormPercheNo's two pages
     bool escapePressed_ = false;
 };
 

@@ -168,8 +168,8 @@ void MainWindow::BuildControls(QWidget *client) {
             [this](int steps) { Run([steps](Program &p) { WheelZoom(p, steps); }); });
     Bind("Disegno", disegno_, BindingStyle::Placed);
 
-    for (const char *name :
-         {"Domanda", "Label5", "StringaSel", "FunAttiva", "SottoFunAttiva", "Label6", "LabCoord"})
+    for (const char *name : {"Domanda", "Label5", "StringaSel", "FunAttiva", "SottoFunAttiva",
+                             "Label6", "LabCoord", "Esito"})
         Bind(name, Label(client), BindingStyle::Placed);
     auto *risposta = new QLineEdit(client);
     connect(risposta, &QLineEdit::returnPressed, this,
