@@ -21,7 +21,8 @@ inline DrawInput DrawInputOf(const Program &p) {
                      p.internalOptions,
                      HighlightsOf(p.connection),
                      p.font,
-                     p.form.VisAssi.checked};
+                     p.form.VisAssi.checked,
+                     p.jointTypeFills};
 }
 
 } // namespace vorna

@@ -46,6 +46,26 @@ JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogu
             IntText(NameOf(p_.model, t.nodes.front())) + '\t' + MembersText(p_.model, t));
     form_.ListaTipi.text = catalogue_.types.empty() ? "" : "1";
     form_.Usa.enabled = !catalogue_.types.empty();
+    // Still checked from an earlier opening: the colours follow the types listed now.
+    form_.ColoraTipi.checked = !p_.jointTypeFills.empty();
+    if (form_.ColoraTipi.checked)
+        ColourTypes();
+}
+
+void JointTypesDialog::ColourTypes() {
+    const bool on = form_.ColoraTipi.checked;
+    p_.jointTypeFills =
+        on ? JointTypeFills(catalogue_, p_.model.nodeCount) : std::vector<std::uint32_t>{};
+    form_.ColoriTipi.items.clear();
+    for (std::size_t k = 0; k < catalogue_.types.size(); ++k) {
+        const std::uint32_t rgb = on ? JointTypeColour(static_cast<int>(k) + 1) : 0;
+        form_.ColoriTipi.items.push_back(rgb == 0
+                                             ? ""
+                                             : IntText(rgb & 255) + ',' + IntText(rgb >> 8 & 255) +
+                                                   ',' + IntText(rgb >> 16 & 255));
+    }
+    if (p_.structureLoaded)
+        DrawStructureNow(p_);
 }
 
 void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
@@ -60,6 +80,8 @@ int JointTypesDialog::Selected() const {
 }
 
 void JointTypesDialog::Click(std::string_view control) {
+    if (control == "ColoraTipi")
+        ColourTypes();
     if (control == "Usa" && Selected() >= 0) {
         chosen = Selected();
         closed = true;

@@ -68,6 +68,8 @@ bool Dump(Session &s, const ScriptArgs &a) {
         return false;
     if (what == "nearmisses")
         DumpNearMisses(s.p, s.out);
+    else if (what == "nodecolours")
+        DumpNodeColours(s.p, s.out);
     else if (what == "folders")
         DumpFolders(s.p, s.out);
     else if (what == "options")
@@ -354,7 +356,7 @@ const std::vector<Verb<Session>> &WindowVerbs() {
         {"dump",
          "`dump WHAT`",
          "`folders`, `options`, `model`, `controls`, `view`, `connection`, `buffers`, "
-         "`whynot NAME` or `nearmisses`: the state as text (formats below)",
+         "`whynot NAME`, `nearmisses` or `nodecolours`: the state as text (formats below)",
          {kWord, ArgRule{ArgKind::Word, true}},
          Dump},
         {"set",

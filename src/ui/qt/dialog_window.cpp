@@ -7,10 +7,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -201,13 +203,16 @@ QWidget *DialogWindow::List(const std::string &name, const char *titles, QWidget
 
 void DialogWindow::BuildFormTipiNodo() {
     auto *column = new QVBoxLayout(this);
-    column->addWidget(List("ListaTipi", "Label1"));
+    typeList_ = qobject_cast<QTreeWidget *>(List("ListaTipi", "Label1"));
+    column->addWidget(typeList_);
     column->addWidget(Text("Label2"));
     schema_ = new SurfaceWidget(QColor(40, 44, 52), this);
     schema_->setFixedSize(240, 170);
     schema_->installEventFilter(this); // drawn again once it has its size
     column->addWidget(schema_, 0, Qt::AlignHCenter);
     auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Check("ColoraTipi"));
     buttons->addStretch();
     auto *use = qobject_cast<QPushButton *>(Button("Usa"));
     use->setDefault(true);
@@ -258,6 +263,7 @@ void DialogWindow::Raise(const std::string &control, bool mouseUp) {
 void DialogWindow::Show() {
     for (Binding &b : bindings_)
         ApplyBinding(b, 15);
+    ShowTypeSwatches();
     if (const Control *tab = tabs_ ? dialog_.Find("Schede") : nullptr) {
         const QSignalBlocker quiet(tabs_);
         tabs_->setCurrentIndex(std::max(0, ToQString(tab->text).toInt() - 1));
@@ -293,6 +299,25 @@ void DialogWindow::keyReleaseEvent(QKeyEvent *event) {
 void DialogWindow::reject() {
     dialog_.Escape();
     QDialog::reject();
+}
+
+// Beside each type's row, the colour its nodes are drawn in, while the types are coloured.
+void DialogWindow::ShowTypeSwatches() {
+    const Control *colours = typeList_ ? dialog_.Find("ColoriTipi") : nullptr;
+    if (!colours)
+        return;
+    for (int r = 0; r < typeList_->topLevelItemCount(); ++r) {
+        QIcon icon;
+        const QStringList rgb = r < static_cast<int>(colours->items.size())
+                                    ? ToQString(colours->items[r]).split(',')
+                                    : QStringList();
+        if (rgb.size() == 3) {
+            QPixmap swatch(kSwatchSize - 4, kSwatchSize - 4);
+            swatch.fill(QColor(rgb[0].toInt(), rgb[1].toInt(), rgb[2].toInt()));
+            icon = QIcon(swatch);
+        }
+        typeList_->topLevelItem(r)->setIcon(0, icon);
+    }
 }
 
 void DialogWindow::PaintSchema() {

@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QTabWidget>
+#include <QTreeWidget>
 
 #include <vector>
 
@@ -42,11 +43,13 @@ private:
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();
     void PaintSchema();
+    void ShowTypeSwatches();
 
     Dialog &dialog_;
     std::vector<Binding> bindings_;
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
     QTabWidget *tabs_ = nullptr;      // FormPercheNo's two pages
+    QTreeWidget *typeList_ = nullptr; // FormTipiNodo's types
     bool escapePressed_ = false;
 };
 
