@@ -1,4 +1,5 @@
-// End-to-end: "Perché no?" on the demo job, through the script's dumps and the status label.
+// End-to-end: "Perché no?" on the demo job, through the script's dumps and the status label, and
+// the catalogue of joint types saved as a spreadsheet.
 #include "e2e_support.h"
 
 namespace vorna {
@@ -48,6 +49,27 @@ TEST(EndToEndWhyNot, VerdictsNearMissesAndTheStatusLabel) {
                          "90.0\xC2\xB0\n"));
     EXPECT_TRUE(Has(out, "Esito.caption=\n"));
     EXPECT_TRUE(Has(out, "error|dump whynot\n"));
+}
+
+// The save dialog's answer decides: a file (the extension added), nothing on cancel, a message
+// and no file where it cannot be written.
+TEST(EndToEndWhyNot, TheCatalogueAsCsvFromItsDialog) {
+    test::DemoSuite suite;
+    const std::string csv = test::NameForProgram(suite.job() / "tipi");
+    const std::string nowhere = test::NameForProgram(suite.job() / "no" / "tipi.csv");
+    test::RunResult r = suite.Run("TipiNodo\nsavefile " + csv + " 1\nbutton EsportaCSV\n" +
+                                  "savefile cancel\nbutton EsportaCSV\nsavefile " + nowhere +
+                                  " 1\nbutton EsportaCSV\nkey Esc\n");
+    EXPECT_EQ(r.status, 0) << r.output;
+    EXPECT_TRUE(Has(r.output, "message|SALVA FILE CSV|64|File " + csv + ".csv salvato.\n" +
+                                  "message|ERRORE|16|Errore durante la scrittura sul file" +
+                                  nowhere + "\n"))
+        << r.output;
+    const std::string text = test::ReadBytes(suite.job() / "tipi.csv");
+    EXPECT_EQ(text.substr(0, 44), "\xEF\xBB\xBFTipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste\r\n");
+    // Type 2 of the demo: the interior joints headed by 18, its bars by name.
+    EXPECT_TRUE(Has(text, "\r\n2;4;18;18;600;500;350;6 18 40 41 48 49\r\n")) << text;
+    EXPECT_FALSE(std::filesystem::exists(suite.job() / "no"));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "app/commands.h"
 #include "connection/base_node.h"
+#include "exchange/joint_types_csv.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "selection/designate.h"
@@ -46,6 +47,7 @@ JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogu
             IntText(NameOf(p_.model, t.nodes.front())) + '\t' + MembersText(p_.model, t));
     form_.ListaTipi.text = catalogue_.types.empty() ? "" : "1";
     form_.Usa.enabled = !catalogue_.types.empty();
+    form_.EsportaCSV.enabled = !catalogue_.types.empty();
     // Still checked from an earlier opening: the colours follow the types listed now.
     form_.ColoraTipi.checked = !p_.jointTypeFills.empty();
     if (form_.ColoraTipi.checked)
@@ -68,6 +70,28 @@ void JointTypesDialog::ColourTypes() {
         DrawStructureNow(p_);
 }
 
+void JointTypesDialog::ExportCsv() {
+    SaveDialogRequest request;
+    request.initialFolder = p_.folders.jobFolder;
+    request.filter = "File CSV (*.csv)|*.csv";
+    request.title = "FILE CSV DA GENERARE";
+    const std::optional<SaveDialogResult> file = p_.ui.SaveFile(request);
+    if (!file || file->fileName.empty())
+        return;
+    // A name typed without an extension gets the type's, as a save dialog adds it.
+    std::string name = file->fileName;
+    const std::size_t base = name.find_last_of("\\/"), dot = name.rfind('.');
+    if (dot == std::string::npos || (base != std::string::npos && dot < base))
+        name += ".csv";
+    ProjectedBarIndex &index = p_.connection.barIndex;
+    KeepBarIndexCurrent(index, p_.model, p_.view);
+    const std::string text =
+        JointTypesCsvText(p_.model, catalogue_, [&](int node, std::vector<std::int16_t> &bars) {
+            BarsAtProjectedPoint(index, p_.model, p_.view, p_.model.nodes[node].pointIndex, bars);
+        });
+    ShowMessage(p_, WriteJointTypesCsv(name, text));
+}
+
 void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
     ForEachControlOfRows(FormTipiNodoRows(), form_, fn);
 }
@@ -82,6 +106,8 @@ int JointTypesDialog::Selected() const {
 void JointTypesDialog::Click(std::string_view control) {
     if (control == "ColoraTipi")
         ColourTypes();
+    if (control == "EsportaCSV" && !catalogue_.types.empty())
+        ExportCsv();
     if (control == "Usa" && Selected() >= 0) {
         chosen = Selected();
         closed = true;

@@ -518,7 +518,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt), `Usa` (FormTipiNodo), `Chiudi` (FormPercheNo)",
+         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -552,6 +552,11 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              DumpDialogControls(d.dialog, d.session.out);
              return true;
          }},
+        {"savefile",
+         "`savefile PATH INDEX` / `savefile cancel`",
+         "as in the window: for `EsportaCSV` (FormTipiNodo), INDEX 1",
+         {kText},
+         [](DialogLine &d, const ScriptArgs &a) { return SaveFileChoice(d.session, a); }},
         {"answer",
          "`answer OK` / `answer Cancel`",
          "as in the window",

@@ -214,6 +214,7 @@ void DialogWindow::BuildFormTipiNodo() {
     buttons->addStretch();
     buttons->addWidget(Check("ColoraTipi"));
     buttons->addStretch();
+    buttons->addWidget(Button("EsportaCSV"));
     auto *use = qobject_cast<QPushButton *>(Button("Usa"));
     use->setDefault(true);
     buttons->addWidget(use);
