@@ -1,10 +1,14 @@
 // "Perché no?" on the full-capacity model: the explanation of one rejected node, and the near
 // misses over every node as `dump nearmisses` and the dialog's second tab compute them, under
 // each method.
+#include "app/program.h"
+#include "app/why_not_dialog.h"
 #include "connection/base_node.h"
 #include "connection/why_not.h"
 #include "large_model.h"
 #include "model/load_structure.h"
+#include "platform/plain_canvas.h"
+#include "platform/silent_ui.h"
 #include "projection/projection.h"
 
 #include <benchmark/benchmark.h>
@@ -88,5 +92,27 @@ BENCHMARK_CAPTURE(BM_NearMisses, mirrored, AnalogyMethod::IdenticalOrMirrored)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_NearMisses, rotated, AnalogyMethod::Rotated)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_NearMisses, any, AnalogyMethod::Any)->Unit(benchmark::kMillisecond);
+
+// The whole command on a node named: its explanation, the near misses and the dialog built
+// from them (which the silent front end closes at once).
+void BM_PercheNoCommand(benchmark::State &bm) {
+    Model &m = Shared();
+    if (m.rejected < 0) {
+        bm.SkipWithError("no large model or no rejected node");
+        return;
+    }
+    SilentUi ui;
+    PlainCanvas disegno(15000, 10000), picture1(2100, 1500);
+    auto p = std::make_unique<Program>(ui, disegno, picture1);
+    p->model = *m.model;
+    p->view = *m.view;
+    p->connection.baseNode = m.state.baseNode;
+    GatherBaseBars(p->model, p->view, p->connection);
+    p->structureLoaded = true;
+    const int name = p->model.nodes[m.rejected].name;
+    for (auto _ : bm)
+        ExplainNodeInDialog(*p, name);
+}
+BENCHMARK(BM_PercheNoCommand)->Unit(benchmark::kMillisecond);
 
 } // namespace
