@@ -95,7 +95,7 @@ BENCHMARK_CAPTURE(BM_NearMisses, any, AnalogyMethod::Any)->Unit(benchmark::kMill
 
 // The whole command on a node named: its explanation, the near misses and the dialog built
 // from them (which the silent front end closes at once).
-void BM_PercheNoCommand(benchmark::State &bm) {
+void BM_PercheNoCommand(benchmark::State &bm, AnalogyMethod method) {
     Model &m = Shared();
     if (m.rejected < 0) {
         bm.SkipWithError("no large model or no rejected node");
@@ -109,10 +109,15 @@ void BM_PercheNoCommand(benchmark::State &bm) {
     p->connection.baseNode = m.state.baseNode;
     GatherBaseBars(p->model, p->view, p->connection);
     p->structureLoaded = true;
+    for (std::size_t k = 0; k < p->form.OpzMetodo.size(); ++k)
+        p->form.OpzMetodo[k].checked = k == static_cast<std::size_t>(method);
     const int name = p->model.nodes[m.rejected].name;
     for (auto _ : bm)
         ExplainNodeInDialog(*p, name);
 }
-BENCHMARK(BM_PercheNoCommand)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_PercheNoCommand, identical, AnalogyMethod::Identical)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_PercheNoCommand, rotated, AnalogyMethod::Rotated)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace

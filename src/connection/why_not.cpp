@@ -100,25 +100,24 @@ void ExplainInTurn(const StructureModel &m, const Joint &base, const Joint &cand
     std::vector<std::uint8_t> free(candidate.bars.size(), 1);
     for (std::size_t k = 0; k < base.bars.size(); ++k) {
         const std::optional<Vec3> b = ComparedVector(base.bars[k], lengths);
+        BarPairFigures &pair = e.pairs[k];
+        std::size_t paired = vectors.size();
         for (std::size_t c = 0; b && c < vectors.size(); ++c) {
             if (!vectors[c] || (mirrored && !free[c]))
                 continue;
             const bool same = SameDirection(*b, *vectors[c]);
             if (same || (mirrored && MirroredDirection(*b, *vectors[c]))) {
-                Pair(m, candidate, static_cast<int>(c), e.pairs[k]);
-                e.pairs[k].mirrored = !same;
+                Pair(m, candidate, static_cast<int>(c), pair);
+                pair.mirrored = !same;
                 free[c] = 0;
+                paired = c;
                 break;
             }
         }
-        BarPairFigures &pair = e.pairs[k];
         const int kk = static_cast<int>(k);
-        if (pair.candidateBar >= 0) {
+        if (paired < vectors.size()) {
             const std::optional<Vec3> u = DirectionOf(base.bars[k]);
-            const auto it =
-                std::find_if(candidate.bars.begin(), candidate.bars.end(),
-                             [&](const JointBar &j) { return j.bar == pair.candidateBar; });
-            const std::optional<Vec3> w = DirectionOf(*it);
+            const std::optional<Vec3> w = DirectionOf(candidate.bars[paired]);
             if (u && w)
                 pair.angle = AngleDegrees(*u, pair.mirrored ? Mirror(*w) : *w);
             continue;
@@ -153,8 +152,92 @@ void AxisAngle(const Rotation &r, AnalogyExplanation &e) {
     e.rotationAxis = longest > 1e-9 ? Scaled(best, 1 / longest) : Vec3{0, 0, 1};
 }
 
+// Above this many bars at the node the search for the best rotation starts from the identity
+// only: each start costs an assignment, and there is one start per pair of the node's bars.
+constexpr std::size_t kRotationStartsUpTo = 12;
+
+// Directions, with nothing for a bar that has none.
+std::vector<std::optional<Vec3>> DirectionsOf(const Joint &joint) {
+    std::vector<std::optional<Vec3>> d;
+    d.reserve(joint.bars.size());
+    for (const JointBar &b : joint.bars)
+        d.push_back(DirectionOf(b));
+    return d;
+}
+
+struct RotationTry {
+    Rotation rotation;
+    std::vector<int> pairing;
+    double worst = 0; // the largest angle between a turned base direction and its bar's, degrees
+};
+
+// The pairing that makes the angles between the turned base directions and their bars' sum
+// least, with the rotation fitted to it again, a few times over: a local search from r.
+std::optional<RotationTry> FitFrom(Rotation r, const std::vector<Vec3> &base,
+                                   const std::vector<std::optional<Vec3>> &bars) {
+    const int rows = static_cast<int>(base.size()), columns = static_cast<int>(bars.size());
+    std::vector<double> cost(static_cast<std::size_t>(rows) * columns);
+    const std::vector<std::uint8_t> allowed(cost.size(), 1);
+    std::optional<RotationTry> best;
+    for (int round = 0; round < 3; ++round) {
+        for (int k = 0; k < rows; ++k)
+            for (int c = 0; c < columns; ++c)
+                cost[k * columns + c] =
+                    bars[c] ? AngleDegrees(Rotate(r, base[k]), *bars[c]) : kNoDirectionCost;
+        std::optional<std::vector<int>> pairing =
+            LexFirstCheapestAssignment(rows, columns, cost, allowed);
+        if (!pairing)
+            return best;
+        std::vector<Vec3> to;
+        to.reserve(base.size());
+        for (int k = 0; k < rows; ++k)
+            to.push_back(bars[(*pairing)[k]].value_or(Vec3{0, 0, 0}));
+        r = BestFitRotation(base, to);
+        double worst = 0;
+        for (int k = 0; k < rows; ++k) {
+            const std::optional<Vec3> &v = bars[(*pairing)[k]];
+            worst = std::max(worst, v ? AngleDegrees(Rotate(r, base[k]), *v) : 180.0);
+        }
+        if (!best || worst < best->worst)
+            best = RotationTry{r, *pairing, worst};
+    }
+    return best;
+}
+
+// The rotation that leaves the smallest largest angle among those found from the identity and
+// from every rotation taking the two anchor directions (the first base bar and the one most
+// across it) onto two bars of the node.
+std::optional<RotationTry> BestRotation(const std::vector<Vec3> &base,
+                                        const std::vector<std::optional<Vec3>> &bars) {
+    constexpr Rotation identity{Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}};
+    std::optional<RotationTry> best = FitFrom(identity, base, bars);
+    auto offer = [&](const std::optional<RotationTry> &t) {
+        if (t && (!best || t->worst < best->worst))
+            best = t;
+    };
+    if (base.empty() || bars.size() > kRotationStartsUpTo)
+        return best;
+    std::size_t across = 0;
+    double most = 0;
+    for (std::size_t k = 1; k < base.size(); ++k)
+        if (const double s = Norm(Cross(base[0], base[k])); s > most)
+            most = s, across = k;
+    for (std::size_t c = 0; c < bars.size(); ++c)
+        for (std::size_t d = 0; d < bars.size(); ++d) {
+            if (!bars[c] || (across > 0 && (d == c || !bars[d])) || (across == 0 && d > 0))
+                continue;
+            std::vector<Vec3> from{base[0]}, to{*bars[c]};
+            if (across > 0) {
+                from.push_back(base[across]);
+                to.push_back(*bars[d]);
+            }
+            offer(FitFrom(BestFitRotation(from, to), base, bars));
+        }
+    return best;
+}
+
 // "Nodi identici e ruotati": the pairing the rotation search finds, or else the best rotation
-// of the pairing nearest in direction, with its largest residual.
+// found of the directions alone, with its largest residual.
 void ExplainRotated(const StructureModel &m, const Joint &base, const Joint &candidate,
                     bool lengths, AnalogyExplanation &e) {
     std::vector<Vec3> b;
@@ -169,26 +252,30 @@ void ExplainRotated(const StructureModel &m, const Joint &base, const Joint &can
     std::vector<std::optional<Vec3>> vectors;
     for (const JointBar &c : candidate.bars)
         vectors.push_back(ComparedVector(c, lengths));
-    std::optional<std::vector<int>> pairing = MatchRotated(b, vectors);
-    const bool found = pairing.has_value();
-    if (!found)
-        pairing = CheapestDirectionPairing(base, candidate, false);
-    if (!pairing) {
+    const std::optional<std::vector<int>> found = MatchRotated(b, vectors);
+    // The figures are of directions: the rotation the pairing found fits them too.
+    std::vector<Vec3> from;
+    for (const JointBar &bar : base.bars)
+        from.push_back(DirectionOf(bar).value_or(Vec3{0, 0, 0}));
+    const std::vector<std::optional<Vec3>> directions = DirectionsOf(candidate);
+    std::optional<RotationTry> fit;
+    if (found) {
+        std::vector<Vec3> to;
+        for (int c : *found)
+            to.push_back(directions[c].value_or(Vec3{0, 0, 0}));
+        fit = RotationTry{BestFitRotation(from, to), *found, 0};
+    } else {
+        fit = BestRotation(from, directions);
+    }
+    if (!fit) {
         Fail(e, WhyNotReason::NoRotation, 0);
         return;
     }
-    std::vector<Vec3> to, from;
-    for (std::size_t k = 0; k < b.size(); ++k) {
-        const std::optional<Vec3> v = vectors[(*pairing)[k]];
-        from.push_back(b[k]);
-        to.push_back(v ? *v : Vec3{0, 0, 0});
-    }
-    const Rotation r = BestFitRotation(from, to);
     e.hasRotation = true;
-    AxisAngle(r, e);
+    AxisAngle(fit->rotation, e);
     int worst = 0;
-    for (std::size_t k = 0; k < b.size(); ++k) {
-        const int c = (*pairing)[k];
+    for (std::size_t k = 0; k < from.size(); ++k) {
+        const int c = fit->pairing[k];
         BarPairFigures &pair = e.pairs[k];
         if (found)
             Pair(m, candidate, c, pair);
@@ -196,9 +283,9 @@ void ExplainRotated(const StructureModel &m, const Joint &base, const Joint &can
             pair.nearestBar = candidate.bars[c].bar;
             SetCandidate(m, pair, candidate.bars[c]);
         }
-        const std::optional<Vec3> w = vectors[c];
+        const std::optional<Vec3> &w = directions[c];
         const double residual =
-            w && Norm(b[k]) > 0 && Norm(*w) > 0 ? AngleDegrees(Rotate(r, b[k]), *w) : 180.0;
+            w && Norm(from[k]) > 0 ? AngleDegrees(Rotate(fit->rotation, from[k]), *w) : 180.0;
         pair.angle = residual;
         if (residual > e.rotationResidual)
             e.rotationResidual = residual, worst = static_cast<int>(k);
@@ -414,16 +501,23 @@ std::vector<NearMiss> FindNearMisses(const StructureModel &model, const ViewStat
         if (bars.size() < base.bars.size() || bars.size() > static_cast<std::size_t>(kMaxBaseBars))
             continue;
         const Joint candidate = JointAt(model, n, bars);
-        const AnalogyExplanation e = ExplainAnalogy(model, base, candidate, params);
-        if (e.analogous)
+        if (MatchAnalogy(model, base, candidate, params).outcome == AnalogyOutcome::Analogous)
             continue;
-        misses.push_back({n, e.reason, e.failingBar, NearMissScore(base, candidate, params)});
+        misses.push_back({n, WhyNotReason::None, -1, NearMissScore(base, candidate, params)});
     }
     // Table order breaks ties: the sort is stable and the nodes came in that order.
     std::stable_sort(misses.begin(), misses.end(),
                      [](const NearMiss &a, const NearMiss &b) { return a.score < b.score; });
     if (misses.size() > static_cast<std::size_t>(std::max(limit, 0)))
         misses.resize(static_cast<std::size_t>(std::max(limit, 0)));
+    // Only the closest are explained: under "ruotati" an explanation searches for a rotation.
+    for (NearMiss &miss : misses) {
+        BarsAtProjectedPoint(state.barIndex, model, view, model.nodes[miss.node].pointIndex, bars);
+        const AnalogyExplanation e =
+            ExplainAnalogy(model, base, JointAt(model, miss.node, bars), params);
+        miss.reason = e.reason;
+        miss.failingBar = e.failingBar;
+    }
     return misses;
 }
 
