@@ -111,7 +111,7 @@ std::string ReasonText(const AnalogyExplanation &e) {
     return "";
 }
 
-std::string VerdictText(const StructureModel &, int name, const AnalogyExplanation &e) {
+std::string VerdictText(int name, const AnalogyExplanation &e) {
     const std::string node = "Nodo " + IntText(name);
     return e.analogous ? node + " analogo" : node + " non analogo: " + ReasonText(e);
 }
@@ -125,7 +125,7 @@ void ShowVerdictOfName(Program &p, int name) {
     }
     const AnalogyExplanation e =
         ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), node);
-    p.form.Esito.caption = VerdictText(p.model, name, e);
+    p.form.Esito.caption = VerdictText(name, e);
     // The status row may leave room for only part of it.
     p.form.Esito.tooltip = p.form.Esito.caption;
 }

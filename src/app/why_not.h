@@ -23,7 +23,7 @@ std::string ReasonWord(WhyNotReason reason);
 
 // The verdict in Italian words, as the label Esito shows it: "Nodo 12 analogo" or
 // "Nodo 12 non analogo: asta base 3, direzione diversa di 5.0°" (Windows-1252).
-std::string VerdictText(const StructureModel &model, int name, const AnalogyExplanation &e);
+std::string VerdictText(int name, const AnalogyExplanation &e);
 // The reason alone, in Italian ("asta base 3, direzione diversa di 5.0°"); empty for none.
 std::string ReasonText(const AnalogyExplanation &e);
 

@@ -126,7 +126,7 @@ WhyNotDialog::WhyNotDialog(Program &program, int node, const AnalogyExplanation 
     : p_(program), misses_(std::move(misses)) {
     StartControls(FormPercheNoRows(), form_);
     const StructureModel &m = p_.model;
-    form_.Verdetto.caption = VerdictText(m, m.nodes[node].name, e);
+    form_.Verdetto.caption = VerdictText(m.nodes[node].name, e);
     form_.Dettagli.caption = DetailsText(e);
     form_.Schede.items = {"Confronto", "Quasi analoghi"};
     form_.Schede.text = "1";
