@@ -3,11 +3,13 @@
 // against the procedures as written on random frames.
 #include "app/command_steps.h"
 #include "app/commands.h"
+#include "app/why_not_dialog.h"
 #include "connection/assignment.h"
 #include "connection/bar_types.h"
 #include "connection/base_node.h"
 #include "connection/joint_types.h"
 #include "connection/rotation_match.h"
+#include "connection/why_not.h"
 #include "exchange/result_file.h"
 #include "projection/projection.h"
 #include "recording_canvas.h"
@@ -972,6 +974,231 @@ TEST(ConnectionCommands, TooManyBarsAreToldAsBaseNodeAndAsCandidate) {
     EXPECT_EQ(messages[1].title, "Problema");
     EXPECT_EQ(messages[1].icon, MsgIcon::Exclamation);
     EXPECT_EQ(messages[1].text, messages[0].text);
+}
+
+// ---- "Perché no?": the explanation of a verdict and the near misses
+
+// Every node of random frames, under every method and check-box combination: the explanation's
+// verdict is the test's, a rejection always names its criterion, an acceptance none, and an
+// accepted pairing is the test's record.
+TEST(WhyNot, VerdictIsTheTestsOnRandomFramesUnderEveryParameter) {
+    std::mt19937 rng(20261125);
+    for (int round = 0; round < 16; ++round) {
+        Frame f;
+        if (round % 2)
+            RandomFrame(f, rng);
+        else
+            RepeatedJointsFrame(f, rng);
+        for (int b = 0; b < f.m->barCount; ++b) {
+            f.m->bars[b].sectionCard = static_cast<std::int16_t>(Roll(rng, 8) == 0);
+            f.m->bars[b].lineType = static_cast<std::int16_t>(Roll(rng, 8) == 0);
+        }
+        f.ChooseBase(Roll(rng, f.m->nodeCount));
+        if (f.s.baseBarCount == 0)
+            f.ChooseBase(f.m->bars[0].pointI);
+        for (int combination = 0; combination < 64; ++combination) {
+            AnalogyParameters params =
+                Params(static_cast<AnalogyMethod>(combination % 4), (combination >> 2 & 1) != 0);
+            params.compareColours = (combination >> 3 & 1) != 0;
+            params.compareLineTypes = (combination >> 4 & 1) != 0;
+            params.compareSections = (combination >> 5 & 1) != 0;
+            for (int n = 0; n < f.m->nodeCount; ++n) {
+                const AnalogyExplanation e = ExplainNodeAnalogy(*f.m, *f.view, f.s, params, n);
+                const AnalogyOutcome outcome = TestAnalogy(*f.m, *f.view, f.s, params, n);
+                ASSERT_EQ(e.analogous, outcome == AnalogyOutcome::Analogous) << round << ' ' << n;
+                ASSERT_EQ(e.reason == WhyNotReason::None, e.analogous) << round << ' ' << n;
+                ASSERT_EQ(e.reason == WhyNotReason::TooManyBars,
+                          outcome == AnalogyOutcome::TooManyBars);
+                ASSERT_EQ(e.pairs.size(), static_cast<std::size_t>(f.s.baseBarCount));
+                if (e.analogous) {
+                    const AnalogousNode &r = f.s.analogousNodes[FindInAnalogous(f.s, n) - 1];
+                    for (int k = 0; k < f.s.baseBarCount; ++k)
+                        ASSERT_EQ(e.pairs[k].candidateBar, r.bars[k]);
+                } else if (e.reason == WhyNotReason::Direction ||
+                           e.reason == WhyNotReason::Length) {
+                    ASSERT_LT(e.failingBar, f.s.baseBarCount);
+                    ASSERT_EQ(e.pairs[e.failingBar].candidateBar, -1);
+                }
+            }
+            ClearAnalogous(f.s);
+        }
+    }
+}
+
+// A base joint and copies of it with one change each, side by side along x.
+struct ChangedCopies {
+    Frame f;
+    std::vector<Vec3> bars = {{3, 0, 0}, {-2, 0, 0}, {0, 2.5, 0}, {0, 0, -3}};
+    int base = f.Joint(0, 0, 0, bars, 1);
+    int Copy(std::vector<Vec3> changed, int name) {
+        return f.Joint(20.0 * name, 0, 0, changed, name);
+    }
+    // Base bar 3 (along y) turned about x by the angle in degrees.
+    int Turned(double degrees, int name) {
+        std::vector<Vec3> changed = bars;
+        changed[2] = vorna::Turned(bars[2], {1, 0, 0}, degrees * std::numbers::pi / 180);
+        return Copy(changed, name);
+    }
+};
+
+TEST(WhyNot, EachChangeGivesItsReasonBaseBarAndAngleAndNearMissesRankThem) {
+    ChangedCopies c;
+    Frame &f = c.f;
+    std::vector<Vec3> longer = c.bars, missing = c.bars;
+    longer[1] = {-3, 0, 0};
+    missing.pop_back();
+    const int lengthNode = c.Copy(longer, 2), one = c.Turned(1, 3), five = c.Turned(5, 4),
+              twenty = c.Turned(20, 5), missingNode = c.Copy(missing, 6);
+    const int colour = c.Copy(c.bars, 7), lineType = c.Copy(c.bars, 8), section = c.Copy(c.bars, 9);
+    // The copies' bars follow their nodes' points: bar k of the copy of node n.
+    auto copyBar = [&](int node, int k) {
+        for (int b = 0; b < f.m->barCount; ++b)
+            if (f.m->bars[b].pointI == f.m->nodes[node].pointIndex && k-- == 0)
+                return b;
+        return -1;
+    };
+    f.m->bars[copyBar(colour, 0)].colour = 3;
+    f.m->bars[copyBar(lineType, 1)].lineType = 2;
+    f.m->bars[copyBar(section, 3)].sectionCard = 4;
+    f.Project();
+    f.ChooseBase(c.base);
+    AnalogyParameters all = Params(AnalogyMethod::Identical);
+    all.compareColours = all.compareLineTypes = all.compareSections = true;
+    auto explain = [&](int node, const AnalogyParameters &params) {
+        return ExplainNodeAnalogy(*f.m, *f.view, f.s, params, node);
+    };
+    struct Expected {
+        int node;
+        WhyNotReason reason;
+        int bar;
+        double angle; // < 0: none given
+    };
+    for (const Expected &x : {Expected{lengthNode, WhyNotReason::Length, 1, -1},
+                              {one, WhyNotReason::Direction, 2, 1},
+                              {five, WhyNotReason::Direction, 2, 5},
+                              {twenty, WhyNotReason::Direction, 2, 20},
+                              {missingNode, WhyNotReason::BarCount, -1, -1},
+                              {colour, WhyNotReason::Colour, 0, -1},
+                              {lineType, WhyNotReason::LineType, 1, -1},
+                              {section, WhyNotReason::Section, 3, -1}}) {
+        const AnalogyExplanation e = explain(x.node, all);
+        SCOPED_TRACE(x.node);
+        EXPECT_FALSE(e.analogous);
+        EXPECT_EQ(e.reason, x.reason);
+        EXPECT_EQ(e.failingBar, x.bar);
+        EXPECT_EQ(e.angle.has_value(), x.angle >= 0);
+        if (x.angle >= 0) {
+            EXPECT_NEAR(*e.angle, x.angle, 0.1);
+        }
+        ASSERT_EQ(e.pairs.size(), 4u);
+        for (int k = 0; k < 4 && x.reason != WhyNotReason::BarCount; ++k) {
+            EXPECT_EQ(e.pairs[k].baseBar, f.s.baseBars[k]);
+            EXPECT_NEAR(*e.pairs[k].angle, k == x.bar ? std::max(x.angle, 0.0) : 0, 0.1);
+            const bool unpaired =
+                x.reason == WhyNotReason::Direction || x.reason == WhyNotReason::Length;
+            EXPECT_EQ(e.pairs[k].candidateBar < 0, k == x.bar && unpaired);
+        }
+    }
+    // Without the check boxes the same property copies pass, and the longer bar too.
+    EXPECT_TRUE(explain(colour, Params(AnalogyMethod::Identical)).analogous);
+    EXPECT_TRUE(explain(lengthNode, Params(AnalogyMethod::Identical, false)).analogous);
+
+    // Closest first: the properties (no figure apart), then 1, 5 and 20 degrees, then the
+    // length; never the base node, never a node with fewer bars.
+    std::vector<int> order;
+    for (const NearMiss &m : FindNearMisses(*f.m, *f.view, f.s, all))
+        order.push_back(m.node);
+    EXPECT_EQ(order, (std::vector<int>{colour, lineType, section, one, five, twenty, lengthNode}));
+    const std::vector<NearMiss> misses = FindNearMisses(*f.m, *f.view, f.s, all, 5);
+    ASSERT_EQ(misses.size(), 5u);
+    EXPECT_NEAR(misses[3].score, 1, 0.01);
+    EXPECT_EQ(misses[4].reason, WhyNotReason::Direction);
+    EXPECT_EQ(misses[4].failingBar, 2);
+
+    // The other methods: "qualsiasi" takes the turned bar and sums the angles; "ruotati" finds
+    // no rotation for a bent joint but one for the joint turned whole, and names it.
+    const AnalogyExplanation any = explain(five, Params(AnalogyMethod::Any));
+    EXPECT_TRUE(any.analogous);
+    EXPECT_NEAR(*any.totalAngle, 5, 0.1);
+    const AnalogyExplanation bent = explain(twenty, Params(AnalogyMethod::Rotated));
+    EXPECT_EQ(bent.reason, WhyNotReason::NoRotation);
+    EXPECT_GT(*bent.angle, 1);
+    std::vector<Vec3> quarter;
+    for (const Vec3 &b : c.bars)
+        quarter.push_back({-b[1], b[0], b[2]});
+    const int turnedWhole = c.Copy(quarter, 10);
+    // Turned whole and one bar bent by 5 degrees: the best rotation found leaves about that
+    // much at the bent bar, the least-squares fit spreading some of it over the others.
+    std::vector<Vec3> bentQuarter = quarter;
+    bentQuarter[2] = Turned(quarter[2], {0, 0, 1}, 5 * std::numbers::pi / 180);
+    const int turnedBent = c.Copy(bentQuarter, 11);
+    f.Project();
+    const AnalogyExplanation off = explain(turnedBent, Params(AnalogyMethod::Rotated));
+    EXPECT_EQ(off.reason, WhyNotReason::NoRotation);
+    EXPECT_EQ(off.failingBar, 2);
+    EXPECT_GT(*off.angle, 2.5);
+    EXPECT_LE(*off.angle, 5.0);
+    EXPECT_NEAR(off.rotationAngle, 90, 2);
+    const AnalogyExplanation rotated = explain(turnedWhole, Params(AnalogyMethod::Rotated));
+    EXPECT_TRUE(rotated.analogous && rotated.hasRotation);
+    EXPECT_NEAR(rotated.rotationAngle, 90, 0.1);
+    EXPECT_NEAR(std::fabs(rotated.rotationAxis[2]), 1, 1e-6);
+    EXPECT_LT(rotated.rotationResidual, 0.01);
+    const AnalogyExplanation mirrored =
+        explain(turnedWhole, Params(AnalogyMethod::IdenticalOrMirrored));
+    // Under "simmetrici" the first base bar finds its mirror image, but a shorter one.
+    EXPECT_EQ(mirrored.reason, WhyNotReason::Length);
+    EXPECT_EQ(mirrored.failingBar, 0);
+    EXPECT_EQ(explain(-1, all).reason, WhyNotReason::NotLive);
+}
+
+// "Perché no?" as the user meets it: the function, the dialog with the failing cell and the
+// near misses (a row centres the view on its node), and Esito after one node offered by name.
+TEST(ConnectionCommands, WhyNotOpensTheComparisonAndEsitoTellsTheVerdict) {
+    const std::vector<Vec3> turned = {
+        kBeamColumn[0], kBeamColumn[1],
+        Turned(kBeamColumn[2], {1, 0, 0}, 5 * std::numbers::pi / 180)};
+    Window w(turned);
+    Program &p = *w.p;
+    ASSERT_TRUE(p.form.PercheNo.enabled);
+    PercheNo_Click(p);
+    EXPECT_EQ(p.command.activeFunction, ActiveFunction::WhyNot);
+    EXPECT_EQ(p.form.FunAttiva.caption, "Perch\xE9 no?");
+    EXPECT_TRUE(p.form.Nome.enabled);
+    EXPECT_FALSE(p.form.Finestra.enabled || p.form.Tutto.enabled);
+    std::string verdict, failing, firstMiss;
+    w.ui.dialogUsers.push_back([&](Dialog &d) {
+        verdict = d.Find("Verdetto")->caption;
+        failing = d.Find("Confronto")->items.at(2);
+        firstMiss = d.Find("ListaQuasi")->items.at(0);
+        d.Find("ListaQuasi")->text = "1";
+        d.Click("ListaQuasi");
+        d.Click("Chiudi");
+        EXPECT_TRUE(d.closed);
+    });
+    Nome_Click(p);
+    p.form.Risposta.text = "12";
+    Risposta_KeyDown(p, Key::Enter);
+    ASSERT_EQ(w.ui.dialogsShown, std::vector<std::string>{"FormPercheNo"});
+    EXPECT_EQ(verdict, "Nodo 12 non analogo: asta base 3, direzione diversa di 5.0\xB0");
+    EXPECT_NE(failing.find("\t\xBB 5.0\xB0\t"), std::string::npos) << failing;
+    EXPECT_EQ(firstMiss, "1\t12\tdirezione\t3\t5.000");
+    // The node now lies at the centre of the window.
+    const ViewWindow &z = p.view.zoomWindow;
+    const int point = p.model.nodes[w.other].pointIndex;
+    EXPECT_NEAR((z.xMax + z.xMin) / 2, ProjectedXOf(p.view, point), 1e-3);
+    EXPECT_NEAR((z.yMax + z.yMin) / 2, ProjectedYOf(p.view, point), 1e-3);
+
+    Aggiungi_Click(p);
+    Nome_Click(p);
+    p.form.Risposta.text = "12";
+    Risposta_KeyDown(p, Key::Enter);
+    EXPECT_EQ(p.form.Esito.caption, verdict);
+    p.form.Risposta.text = "11";
+    Risposta_KeyDown(p, Key::Enter);
+    EXPECT_EQ(p.form.Esito.caption, "Nodo 11 analogo");
+    Interrompi_Click(p);
+    EXPECT_EQ(p.form.Esito.caption, "");
 }
 
 } // namespace

@@ -57,6 +57,28 @@ TEST(EndToEndExport, HighlightsDoNotReachTheDrawing) {
     ExpectFile(suite.job() / "joint.dxf", "view.dxf");
 }
 
+// The joint types coloured in the view stay on the screen: the drawing keeps every element's
+// colour code. The colours stay in force after "Tipi di nodo" closes, until unchecked.
+TEST(EndToEndExport, JointTypeColoursStayOnTheScreen) {
+    test::DemoSuite suite;
+    test::RunResult r = suite.Run(kSize + std::string("TipiNodo\ncheck ColoraTipi 1\nkey Esc\n") +
+                                  SaveBoth(suite, "types") +
+                                  "dump nodecolours\nTipiNodo\ndump controls\n"
+                                  "check ColoraTipi 0\nkey Esc\ndump nodecolours\n");
+    EXPECT_EQ(r.status, 0) << r.output;
+    ExpectFile(suite.job() / "types.dis", "view.dis");
+    ExpectFile(suite.job() / "types.dxf", "view.dxf");
+    const std::string &out = r.output;
+    // Node 18 heads the second type (brown), node 13 the third (olive); 1 belongs to none of
+    // the first twelve and keeps its circle's colour.
+    const std::size_t coloured = out.find("nodecolour node=18 rgb=170,110,40\n");
+    EXPECT_NE(coloured, std::string::npos) << out;
+    EXPECT_NE(out.find("nodecolour node=13 rgb=128,128,0\n"), std::string::npos);
+    EXPECT_NE(out.find("nodecolour node=1 rgb=255,255,0\n"), std::string::npos);
+    EXPECT_NE(out.find("ColoraTipi.checked=1\n"), std::string::npos);
+    EXPECT_NE(out.find("nodecolour node=18 rgb=255,0,0\n", coloured), std::string::npos);
+}
+
 TEST(EndToEndExport, LabelsSetAndSavedInTheOptionsDialog) {
     test::DemoSuite suite;
     test::RunResult r = suite.Run(std::string(kSize) +

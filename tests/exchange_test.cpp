@@ -6,6 +6,7 @@
 #include "connection/base_node.h"
 #include "exchange/connection_file.h"
 #include "exchange/connection_input.h"
+#include "exchange/joint_types_csv.h"
 #include "exchange/result_file.h"
 #include "projection/projection.h"
 #include "recording_canvas.h"
@@ -109,6 +110,45 @@ TEST(ResultFile, TypeListsAndWholeFile) {
     EXPECT_EQ(test::ReadBytes(dir.path() / "VornaOut.txt"), Expected("vornaout_example.txt"));
     EXPECT_EQ(RangeText({3, 4, 5, 9, 12, 13}), "3-5,9,12-13");
     EXPECT_EQ(RangeText({-4, 0, 2, 2, 3}), "2,2-3");
+}
+
+// The catalogue as a spreadsheet: byte-order mark, decimal comma, CR LF, nodes by name within
+// their type, only named bars; written whole or not at all.
+TEST(JointTypesCsv, RowsByTypeThenNameAndTheFileWholeOrNot) {
+    auto m = std::make_unique<StructureModel>();
+    m->points[0] = {1.5, -0.25, 3};
+    m->points[1] = {2, 0, 1e-5};
+    m->points[2] = {0, 0, 0};
+    m->pointCount = 3;
+    for (int n = 0; n < 3; ++n)
+        m->nodes[n] = {static_cast<std::int16_t>(n), 0, 1, static_cast<std::int16_t>(30 - 10 * n),
+                       0};
+    m->bars[0] = {0, 1, 0, 1, 7};
+    m->bars[1] = {0, 2, 0, 1, 0}; // unnamed: not listed
+    m->bars[2] = {1, 2, 0, 1, 12};
+    m->barCount = 3;
+    JointTypeCatalogue catalogue;
+    catalogue.types = {{2, {0, 1}}, {1, {2}}}; // the head (30) listed before 20
+    const std::string text =
+        JointTypesCsvText(*m, catalogue, [&](int node, std::vector<std::int16_t> &bars) {
+            for (std::int16_t b = 0; b < m->barCount; ++b)
+                if (m->bars[b].pointI == node || m->bars[b].pointJ == node)
+                    bars.push_back(b);
+        });
+    EXPECT_EQ(text, "\xEF\xBB\xBFTipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste\r\n"
+                    "1;2;30;20;2;0;1e-05;7 12\r\n"
+                    "1;2;30;30;1,5;-0,25;3;7\r\n"
+                    "2;1;10;10;0;0;0;12\r\n");
+
+    test::TempDir dir;
+    const std::string name = (dir.path() / "tipi.csv").string();
+    const UserMessage ok = WriteJointTypesCsv(name, text);
+    EXPECT_EQ(ok.text, "File " + name + " salvato.");
+    EXPECT_EQ(ok.title, "SALVA FILE CSV");
+    EXPECT_EQ(test::ReadBytes(dir.path() / "tipi.csv"), text);
+    const std::string missing = (dir.path() / "no" / "tipi.csv").string();
+    EXPECT_EQ(WriteJointTypesCsv(missing, text).title, "ERRORE");
+    EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
 TEST(ConnectionInput, FieldsCodesAndDescriptions) {

@@ -261,6 +261,23 @@ TEST(ViewRender, OrderAndWidthsOfEveryHighlight) {
     DrawStructure(s.Input(), swapped);
     for (const auto &a : swapped.Of(CanvasCall::Arc))
         EXPECT_EQ(a.colour, kBlue);
+
+    // Joint types coloured: a filled circle under the node's own circle, on the screen only;
+    // the drawing export is the same as without.
+    const std::vector<Rgb> fills = {0, 0, PackRgb(128, 128, 0)};
+    DrawInput filled = s.Input();
+    filled.nodeFills = fills;
+    RecordingCanvas screen;
+    DrawStructure(filled, screen);
+    ASSERT_EQ(screen.Of(CanvasCall::FilledCircle).size(), 1u);
+    EXPECT_EQ(screen.Sequence().find("FA"), screen.Sequence().rfind('F'));
+    EXPECT_EQ(NodeDrawnColour(filled, 2), PackRgb(128, 128, 0));
+    EXPECT_EQ(NodeDrawnColour(filled, 1), kBlue);
+    DrawBuffers plain, withFills;
+    ExportDrawing(s.Input(), screen, plain);
+    ExportDrawing(filled, screen, withFills);
+    EXPECT_EQ(withFills.arcs.size(), plain.arcs.size());
+    EXPECT_EQ(withFills.coordX, plain.coordX);
 }
 
 TEST(ViewRender, DrawingMatchesLinearLookupsOnRandomConnections) {

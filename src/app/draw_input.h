@@ -26,7 +26,8 @@ inline DrawInput DrawInputOf(const Program &p) {
                      p.internalOptions,
                      HighlightsOf(p.connection),
                      p.font,
-                     p.form.VisAssi.checked};
+                     p.form.VisAssi.checked,
+                     p.jointTypeFills};
 }
 
 inline void PaintBaseNodeSchema(Canvas &canvas, const BaseNodeSchema &schema) {

@@ -1,6 +1,7 @@
 // Text dumps of the program's state for the script runner: one line per value, fixed order.
 #include "app/dump.h"
 
+#include "app/draw_input.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -154,6 +155,17 @@ void DumpConnection(const Program &p, std::ostream &out) {
             << " types=" << Joined(a.barCount, [&](int k) { return a.barTypes[k]; }) << '\n';
     }
     out << "analogousListText=" << Cp1252ToUtf8(c.analogousListText) << '\n';
+}
+
+void DumpNodeColours(const Program &p, std::ostream &out) {
+    const DrawInput in = DrawInputOf(p);
+    for (int i = 0; i < p.model.nodeCount; ++i) {
+        if (!IsLive(p.model.nodes[i]) || !p.view.nodeShown[i])
+            continue;
+        const Rgb rgb = NodeDrawnColour(in, i);
+        out << "nodecolour node=" << p.model.nodes[i].name << " rgb=" << (rgb & 255) << ','
+            << (rgb >> 8 & 255) << ',' << (rgb >> 16 & 255) << '\n';
+    }
 }
 
 } // namespace vorna

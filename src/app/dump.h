@@ -16,6 +16,8 @@ void DumpView(const Program &program, std::ostream &out);
 void DumpConnection(const Program &program, std::ostream &out);
 // The counts of the drawing buffers after the last export: coordinates, lines, arcs, texts.
 void DumpBuffers(const Program &program, std::ostream &out);
+// Every live, shown node with the colour it is drawn in now: "nodecolour node=NAME rgb=R,G,B".
+void DumpNodeColours(const Program &program, std::ostream &out);
 // An open dialog's controls in the format of the window's, then its caption.
 void DumpDialogControls(Dialog &dialog, std::ostream &out);
 

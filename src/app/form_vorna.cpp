@@ -4,6 +4,7 @@
 
 #include "app/commands.h"
 #include "app/joint_types_dialog.h"
+#include "app/why_not_dialog.h"
 
 namespace vorna {
 namespace {
@@ -33,6 +34,7 @@ void PlaceControls(FormVorna &f) {
     Place(f.FrameCoord, 5400, 0, 0, 420);
     Place(f.Label6, 0, 0, 1000, 280);
     Place(f.LabCoord, 0, 0, 5000, 280);
+    Place(f.Esito, 5520, 0, 0, 280);
 }
 
 } // namespace

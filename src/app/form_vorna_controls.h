@@ -118,6 +118,8 @@ VORNA_CONTROL(SottoFunAttiva, .caption = "###")
 VORNA_CONTROL(FrameCoord)
 VORNA_CONTROL(Label6, .caption = "Coordinate:")
 VORNA_CONTROL(LabCoord, .caption = "0, 0")
+// The verdict of the last node offered alone, in the free left part of the coordinate frame.
+VORNA_CONTROL(Esito)
 
 // The menus and their items.
 VORNA_MENU(File, "&File")
@@ -147,6 +149,7 @@ VORNA_MENU_ITEM(RimTutto, Operazioni, "Ri&muovi tutti i nodi", "", RimTutto_Clic
 VORNA_MENU_ITEM(Inverti, Operazioni, "In&verti selezione nodi", "", Inverti_Click)
 VORNA_MENU_ITEM(EvidTipo, Operazioni, "&Evidenzia tipo aste", "", EvidTipo_Click)
 VORNA_MENU_ITEM(TipiNodo, Operazioni, "Tipi di no&do...", "", TipiNodo_Click)
+VORNA_MENU_ITEM(PercheNo, Operazioni, "&Perch\xE9 no?...", "", PercheNo_Click)
 VORNA_MENU_ITEM(Interrompi, Operazioni, "&Interrompi", "", Interrompi_Click)
 VORNA_MENU(Selezioni, "&Selezioni")
 VORNA_MENU_ITEM(Finestra, Selezioni, "&Finestra", "", Finestra_Click)

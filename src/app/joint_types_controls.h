@@ -10,6 +10,9 @@ VORNA_CONTROL(ListaTipi)
 VORNA_CONTROL(Label2, .caption = "Schema del nodo")
 VORNA_CONTROL(Schema)
 VORNA_CONTROL(Usa, .caption = "Usa")
+VORNA_CONTROL(ColoraTipi, .caption = "Colora i tipi nel disegno")
+VORNA_CONTROL(ColoriTipi) // the swatch of each row while ColoraTipi is checked: "R,G,B" or ""
+VORNA_CONTROL(EsportaCSV, .caption = "Esporta &CSV...")
 // clang-format on
 
 #undef VORNA_CONTROL

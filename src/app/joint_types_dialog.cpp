@@ -6,6 +6,7 @@
 #include "app/draw_input.h"
 #include "app/commands.h"
 #include "connection/base_node.h"
+#include "exchange/joint_types_csv.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 #include "selection/designate.h"
@@ -48,6 +49,49 @@ JointTypesDialog::JointTypesDialog(Program &program, JointTypeCatalogue catalogu
             IntText(NameOf(p_.model, t.nodes.front())) + '\t' + MembersText(p_.model, t));
     form_.ListaTipi.text = catalogue_.types.empty() ? "" : "1";
     form_.Usa.enabled = !catalogue_.types.empty();
+    form_.EsportaCSV.enabled = !catalogue_.types.empty();
+    // Still checked from an earlier opening: the colours follow the types listed now.
+    form_.ColoraTipi.checked = !p_.jointTypeFills.empty();
+    if (form_.ColoraTipi.checked)
+        ColourTypes();
+}
+
+void JointTypesDialog::ColourTypes() {
+    const bool on = form_.ColoraTipi.checked;
+    p_.jointTypeFills =
+        on ? JointTypeFills(catalogue_, p_.model.nodeCount) : std::vector<std::uint32_t>{};
+    form_.ColoriTipi.items.clear();
+    for (std::size_t k = 0; k < catalogue_.types.size(); ++k) {
+        const std::uint32_t rgb = on ? JointTypeColour(static_cast<int>(k) + 1) : 0;
+        form_.ColoriTipi.items.push_back(rgb == 0
+                                             ? ""
+                                             : IntText(rgb & 255) + ',' + IntText(rgb >> 8 & 255) +
+                                                   ',' + IntText(rgb >> 16 & 255));
+    }
+    if (p_.structureLoaded)
+        DrawStructureNow(p_);
+}
+
+void JointTypesDialog::ExportCsv() {
+    SaveDialogRequest request;
+    request.initialFolder = p_.folders.jobFolder;
+    request.filter = "File CSV (*.csv)|*.csv";
+    request.title = "FILE CSV DA GENERARE";
+    const std::optional<SaveDialogResult> file = p_.ui.SaveFile(request);
+    if (!file || file->fileName.empty())
+        return;
+    // A name typed without an extension gets the type's, as a save dialog adds it.
+    std::string name = file->fileName;
+    const std::size_t base = name.find_last_of("\\/"), dot = name.rfind('.');
+    if (dot == std::string::npos || (base != std::string::npos && dot < base))
+        name += ".csv";
+    ProjectedBarIndex &index = p_.connection.barIndex;
+    KeepBarIndexCurrent(index, p_.model, p_.view);
+    const std::string text =
+        JointTypesCsvText(p_.model, catalogue_, [&](int node, std::vector<std::int16_t> &bars) {
+            BarsAtProjectedPoint(index, p_.model, p_.view, p_.model.nodes[node].pointIndex, bars);
+        });
+    ShowMessage(p_, WriteJointTypesCsv(name, text));
 }
 
 void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
@@ -62,6 +106,10 @@ int JointTypesDialog::Selected() const {
 }
 
 void JointTypesDialog::Click(std::string_view control) {
+    if (control == "ColoraTipi")
+        ColourTypes();
+    if (control == "EsportaCSV" && !catalogue_.types.empty())
+        ExportCsv();
     if (control == "Usa" && Selected() >= 0) {
         chosen = Selected();
         closed = true;

@@ -30,6 +30,11 @@ public:
 
 private:
     int Selected() const; // 0-based row, -1 for none
+    // The fills of the program and the swatches of the rows follow ColoraTipi; the view is
+    // drawn again.
+    void ColourTypes();
+    // "Esporta CSV...": the catalogue into the file the user chooses.
+    void ExportCsv();
 
     Program &p_;
     JointTypeCatalogue catalogue_;

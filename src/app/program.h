@@ -16,6 +16,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vorna {
 
@@ -41,6 +42,8 @@ struct Program {
     ConnectionState connection;
     CommandState command;
     FormVorna form = InitialForm();
+    // Each node's fill by joint type while "Colora i tipi nel disegno" is checked; else empty.
+    std::vector<std::uint32_t> jointTypeFills;
 
     bool exitRequested = false;
     int exitStatus = 0;

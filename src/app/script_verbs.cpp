@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/dump.h"
 #include "app/program.h"
+#include "app/why_not.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -57,7 +58,20 @@ std::optional<int> IndexOf(std::string_view word, std::string_view name, int fir
 
 bool Dump(Session &s, const ScriptArgs &a) {
     const std::string &what = a.text[0];
-    if (what == "folders")
+    // Only whynot takes a second word: the node's name.
+    if (what == "whynot") {
+        if (!a.Has(1))
+            return false;
+        DumpWhyNot(s.p, a.text[1], s.out);
+        return true;
+    }
+    if (a.Has(1))
+        return false;
+    if (what == "nearmisses")
+        DumpNearMisses(s.p, s.out);
+    else if (what == "nodecolours")
+        DumpNodeColours(s.p, s.out);
+    else if (what == "folders")
         DumpFolders(s.p, s.out);
     else if (what == "options")
         DumpOptions(s.p, s.out);
@@ -368,9 +382,9 @@ const std::vector<Verb<Session>> &WindowVerbs() {
     static const std::vector<Verb<Session>> verbs = {
         {"dump",
          "`dump WHAT`",
-         "`folders`, `options`, `model`, `controls`, `view`, `connection` or `buffers`: the "
-         "state as text (formats below)",
-         {kWord},
+         "`folders`, `options`, `model`, `controls`, `view`, `connection`, `buffers`, "
+         "`whynot NAME`, `nearmisses` or `nodecolours`: the state as text (formats below)",
+         {kWord, ArgRule{ArgKind::Word, true}},
          Dump},
         {"set",
          "`set CONTROL TEXT`",
@@ -505,10 +519,16 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"set",
          "`set CONTROL TEXT`",
          "the text of one of the dialog's text boxes; `set ListaTipi K` selects row K of the "
-         "types",
+         "types, `set ListaQuasi K` near miss K (the view is centred on it), `set Schede K` tab K",
          {kWord, kOptionalText},
          [](DialogLine &d, const ScriptArgs &a) {
-             return SetText(d.session.out, d.dialog.Find(a.text[0]), a);
+             Control *c = d.dialog.Find(a.text[0]);
+             if (!SetText(d.session.out, c, a))
+                 return false;
+             // Choosing a row of a list is a click on it, as in the window.
+             if (c->enabled && !c->items.empty())
+                 d.dialog.Click(a.text[0]);
+             return true;
          }},
         {"check",
          "`check CONTROL 0\\|1`",
@@ -524,7 +544,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt), `Usa` (FormTipiNodo)",
+         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -545,10 +565,12 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              return true;
          }},
         {"dump",
-         "`dump controls` / `dump nodetypes`",
+         "`dump controls` / `dump nodetypes` / `dump rows`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
-         "`FormOptInt.caption=`, `FormTipiNodo.caption=`); in \"Tipi di nodo\", one line per "
-         "type: `type K nodes=C bars=B head=NAME members=RANGE`",
+         "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`); in \"Tipi "
+         "di nodo\", one line per type: `type K nodes=C bars=B head=NAME members=RANGE`; in "
+         "`FormPercheNo`, the rows of its two lists: `Confronto(K)=CELLS`, "
+         "`ListaQuasi(R)=CELLS`, the cells separated by `\\|`",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
              if (a.text[0] != "controls")
@@ -556,6 +578,11 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              DumpDialogControls(d.dialog, d.session.out);
              return true;
          }},
+        {"savefile",
+         "`savefile PATH INDEX` / `savefile cancel`",
+         "as in the window: for `EsportaCSV` (FormTipiNodo), INDEX 1",
+         {kText},
+         [](DialogLine &d, const ScriptArgs &a) { return SaveFileChoice(d.session, a); }},
         {"answer",
          "`answer OK` / `answer Cancel`",
          "as in the window",
@@ -598,8 +625,8 @@ std::string ScriptLanguageTables() {
     AppendTable(out, WindowVerbs());
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
-    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`) is open, the lines act on "
-           "it until it closes:\n\n";
+    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`) is open, "
+           "the lines act on it until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

@@ -2,6 +2,8 @@
 #include "app/command_steps.h"
 #include "app/commands.h"
 
+#include "app/why_not.h"
+#include "app/why_not_dialog.h"
 #include "model/messages.h"
 #include "platform/number_text.h"
 #include "projection/visibility.h"
@@ -68,6 +70,15 @@ std::optional<std::vector<int>> ParseOrWarn(Program &p, std::string_view text, i
 // Also what a pick in adding, removing or removing base bars runs, with the picked name.
 void SelectByNameString(Program &p, std::string_view text) {
     if (auto names = ParseOrWarn(p, text, kNameSelectionCapacity)) {
+        // "Perché no?" explains the first node named.
+        if (p.command.activeFunction == ActiveFunction::WhyNot) {
+            if (!names->empty())
+                ExplainNodeInDialog(p, names->front());
+            return;
+        }
+        // One node offered alone: Esito tells its verdict and why.
+        if (p.command.activeFunction == ActiveFunction::AddNodes && names->size() == 1)
+            ShowVerdictOfName(p, names->front());
         SelectionContext c = ContextOf(p);
         ShowSelection(p, SelectByNames(c, *names), true);
     }
@@ -162,6 +173,7 @@ void Rimuovi_Click(Program &p) {
 void Interrompi_Click(Program &p) {
     ResetSelectionInput(p);
     EndFunction(p);
+    p.form.Esito.caption = p.form.Esito.tooltip = "";
 }
 
 void RimTutto_Click(Program &p) {
@@ -244,7 +256,7 @@ void PickAt(Program &p, double x, double y) {
     if (name <= 0) {
         // Empty space starts a window there, except where a single node is wanted.
         if (function != ActiveFunction::ChooseBaseNode &&
-            function != ActiveFunction::ShowBarTypes) {
+            function != ActiveFunction::ShowBarTypes && function != ActiveFunction::WhyNot) {
             p.command.autoWindow = true;
             Finestra_Click(p);
             Disegno_Mouse(p, {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x, .y = y});
@@ -253,6 +265,8 @@ void PickAt(Program &p, double x, double y) {
         ChooseBaseNodeByPick(p, name);
     } else if (function == ActiveFunction::ShowBarTypes) {
         HighlightNodeBarTypes(p, name);
+    } else if (function == ActiveFunction::WhyNot) {
+        ExplainNodeInDialog(p, name);
     } else {
         SelectByNameString(p, IntText(name));
     }

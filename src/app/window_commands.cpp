@@ -3,6 +3,8 @@
 #include "app/command_steps.h"
 #include "app/commands.h"
 
+#include <algorithm>
+
 namespace vorna {
 
 namespace {
@@ -22,9 +24,9 @@ void UpdateBaseNodeCommands(Program &p) {
     bool chosen = p.connection.baseNode >= 0;
     f.NodoBase.enabled = !chosen;
     for (Control *c : {&f.RimNodoBase, &f.AsteNodoBase, &f.Aggiungi, &f.ScriColl, &f.Rimuovi,
-                       &f.RimTutto, &f.Inverti, &f.EvidTipo, &f.Salva, &f.SalvaGeom, &f.SalvaSoll,
-                       &f.btnImportaTutto, &f.btnImportaGeom, &f.btnImportaSoll, &f.btnAggiungi,
-                       &f.btnRimuovi, &f.btnRimuoviTutto, &f.btnInvertiSel})
+                       &f.RimTutto, &f.Inverti, &f.EvidTipo, &f.PercheNo, &f.Salva, &f.SalvaGeom,
+                       &f.SalvaSoll, &f.btnImportaTutto, &f.btnImportaGeom, &f.btnImportaSoll,
+                       &f.btnAggiungi, &f.btnRimuovi, &f.btnRimuoviTutto, &f.btnInvertiSel})
         c->enabled = chosen;
 }
 
@@ -92,6 +94,9 @@ void LayOutForm(Program &p) {
     f.FunAttiva.top = f.SottoFunAttiva.top = h - 1170;
     f.FrameCoord.top = h - 1250;
     f.Label6.top = f.LabCoord.top = h - 1170;
+    // Esito takes the free left part of the coordinate frame, up to the read-out's caption.
+    f.Esito.top = h - 1170;
+    f.Esito.width = std::max(0.0, f.Label6.left - 60 - f.Esito.left);
     for (Control &c : f.Angolo)
         c.top = h - 1476;
     for (Control &c : f.Label1)

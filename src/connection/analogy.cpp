@@ -74,26 +74,9 @@ void MatchRotatedBars(const Joint &base, const Joint &candidate, bool lengths,
         RecordPairing(candidate, *pairing, record);
 }
 
-// "Nodi qualsiasi": the pairing with the smallest sum of angles between paired directions;
-// a bar of no length has no direction and pairs with nothing.
+// "Nodi qualsiasi": the pairing with the smallest sum of angles between paired directions.
 void MatchAnyBars(const Joint &base, const Joint &candidate, bool lengths, AnalogousNode &record) {
-    const int rows = static_cast<int>(base.bars.size());
-    const int columns = static_cast<int>(candidate.bars.size());
-    std::vector<double> angle(static_cast<std::size_t>(rows) * columns);
-    std::vector<std::uint8_t> allowed(angle.size());
-    for (int k = 0; k < rows; ++k) {
-        const JointBar &b = base.bars[k];
-        const std::optional<Vec3> u = DirectionOf(b);
-        for (int c = 0; c < columns && u; ++c) {
-            const JointBar &v = candidate.bars[c];
-            const std::optional<Vec3> w = DirectionOf(v);
-            if (!w || (lengths && std::fabs(b.length - v.length) >= kTolerance))
-                continue;
-            angle[k * columns + c] = AngleBetween(*u, *w);
-            allowed[k * columns + c] = 1;
-        }
-    }
-    if (auto pairing = LexFirstCheapestAssignment(rows, columns, angle, allowed))
+    if (auto pairing = CheapestDirectionPairing(base, candidate, lengths))
         RecordPairing(candidate, *pairing, record);
 }
 
@@ -111,6 +94,32 @@ bool PropertiesAgree(const StructureModel &m, const Joint &base, const AnalogyPa
 }
 
 } // namespace
+
+std::optional<std::vector<int>> CheapestDirectionPairing(const Joint &base, const Joint &candidate,
+                                                         bool lengths,
+                                                         std::vector<double> *angles) {
+    const int rows = static_cast<int>(base.bars.size());
+    const int columns = static_cast<int>(candidate.bars.size());
+    std::vector<double> angle(static_cast<std::size_t>(rows) * columns);
+    std::vector<std::uint8_t> allowed(angle.size());
+    for (int k = 0; k < rows; ++k) {
+        const JointBar &b = base.bars[k];
+        const std::optional<Vec3> u = DirectionOf(b);
+        for (int c = 0; c < columns && u; ++c) {
+            const JointBar &v = candidate.bars[c];
+            const std::optional<Vec3> w = DirectionOf(v);
+            if (!w || (lengths && std::fabs(b.length - v.length) >= kTolerance))
+                continue;
+            angle[k * columns + c] = AngleBetween(*u, *w);
+            allowed[k * columns + c] = 1;
+        }
+    }
+    std::optional<std::vector<int>> pairing =
+        LexFirstCheapestAssignment(rows, columns, angle, allowed);
+    if (angles)
+        *angles = std::move(angle);
+    return pairing;
+}
 
 double BarLength(const StructureModel &model, int bar) {
     const Bar &b = BarOf(model, bar);

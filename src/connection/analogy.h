@@ -46,6 +46,14 @@ std::optional<Vec3> DirectionOf(const JointBar &bar);
 // The base node with its base bars (at most 100 of them).
 Joint BaseJoint(const StructureModel &model, const ConnectionState &state);
 
+// "Nodi qualsiasi": for each base bar the position of its candidate bar, distinct bars, with the
+// smallest sum of angles between paired directions (only bars of equal length when lengths
+// count; a bar of no length pairs with nothing), the lexicographically first among equal sums.
+// The angles in radians, base bars by candidate bars, into angles when given.
+std::optional<std::vector<int>> CheapestDirectionPairing(const Joint &base, const Joint &candidate,
+                                                         bool lengths,
+                                                         std::vector<double> *angles = nullptr);
+
 enum class AnalogyOutcome { TooManyBars, Rejected, Analogous };
 
 struct AnalogyMatch {

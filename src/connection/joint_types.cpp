@@ -333,4 +333,26 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
     return catalogue;
 }
 
+std::uint32_t JointTypeColour(int k) {
+    static constexpr std::uint8_t palette[kJointTypeColours][3] = {
+        {128, 0, 0},     {170, 110, 40},  {128, 128, 0},   {0, 128, 128},
+        {145, 30, 180},  {250, 190, 212}, {210, 245, 60},  {220, 190, 255},
+        {255, 215, 180}, {170, 255, 195}, {128, 128, 128}, {60, 100, 170}};
+    if (k < 1 || k > kJointTypeColours)
+        return 0;
+    const std::uint8_t *c = palette[k - 1];
+    return c[0] | (std::uint32_t{c[1]} << 8) | (std::uint32_t{c[2]} << 16);
+}
+
+std::vector<std::uint32_t> JointTypeFills(const JointTypeCatalogue &catalogue, int nodeCount) {
+    std::vector<std::uint32_t> fills(static_cast<std::size_t>(std::max(nodeCount, 0)));
+    const std::size_t coloured =
+        std::min(catalogue.types.size(), static_cast<std::size_t>(kJointTypeColours));
+    for (std::size_t k = 0; k < coloured; ++k)
+        for (int node : catalogue.types[k].nodes)
+            if (node >= 0 && static_cast<std::size_t>(node) < fills.size())
+                fills[node] = JointTypeColour(static_cast<int>(k) + 1);
+    return fills;
+}
+
 } // namespace vorna

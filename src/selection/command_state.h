@@ -12,6 +12,7 @@ enum class ActiveFunction : std::uint8_t {
     ChooseBaseNode = 3,
     RemoveBaseBars = 4,
     ShowBarTypes = 5,
+    WhyNot = 6, // "Perché no?": one node set against the base node
 };
 
 enum class SelectionMode : std::uint8_t {

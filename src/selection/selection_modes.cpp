@@ -16,6 +16,8 @@ const char *FunctionCaption(ActiveFunction function) {
         return "Rimuovi aste base";
     case ActiveFunction::ShowBarTypes:
         return "Evidenzia tipo aste";
+    case ActiveFunction::WhyNot:
+        return "Perch\xE9 no?";
     case ActiveFunction::None:
         break;
     }
@@ -53,6 +55,8 @@ std::optional<SelectionMenus> SelectionMenusFor(ActiveFunction function) {
         return SelectionMenus{true, true, true, true, true, true};
     case ActiveFunction::RemoveBaseBars:
         return SelectionMenus{true, true, false, true, true, false};
+    case ActiveFunction::WhyNot: // one node, by pick or by name
+        return SelectionMenus{false, false, false, true, false, false};
     default:
         return std::nullopt;
     }

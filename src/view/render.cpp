@@ -179,33 +179,44 @@ void DrawBars(const DrawInput &in, Painter &p) {
     }
 }
 
+// A node's circle: its pen, and whether it is drawn with the width of selected elements.
+Pen NodePen(const DrawInput &in, int node, bool &selected) {
+    Pen pen = PenOfCode(in.model.nodes[node].colour);
+    const bool analogousHighlighted = in.display(opt::kColourAnalogous) == 1;
+    selected = true;
+    if (node == in.highlights.baseNode) {
+        pen.rgb = OptionColour(in.display(opt::kBaseNodeColour));
+    } else if (!in.highlights.listed.Node(node)) {
+        selected = false;
+        if (!analogousHighlighted)
+            pen.rgb = OptionColour(in.display(opt::kHighlightColour));
+    } else if (analogousHighlighted) {
+        pen.rgb = OptionColour(in.display(opt::kHighlightColour));
+    }
+    return pen;
+}
+
+Rgb NodeFill(const DrawInput &in, int node) {
+    return static_cast<std::size_t>(node) < in.nodeFills.size() ? in.nodeFills[node] : 0;
+}
+
 void DrawNodes(const DrawInput &in, Painter &p) {
     const StructureModel &model = in.model;
     const double radius = PixelsToUnits(p.Target(), in.display(opt::kNodeRadius));
     const int normal = PixelWidth(in.display(opt::kWidthNormal));
-    const int selected = PixelWidth(in.display(opt::kWidthSelected));
-    const Rgb baseColour = OptionColour(in.display(opt::kBaseNodeColour));
-    const Rgb highlight = OptionColour(in.display(opt::kHighlightColour));
-    const bool analogousHighlighted = in.display(opt::kColourAnalogous) == 1;
+    const int wide = PixelWidth(in.display(opt::kWidthSelected));
     for (int i = 0; i < model.nodeCount; ++i) {
         const Node &n = model.nodes[i];
         if (!IsLive(n) || !in.view.nodeShown[i])
             continue;
-        Pen pen = PenOfCode(n.colour);
-        if (i == in.highlights.baseNode) {
-            p.Width(selected);
-            pen.rgb = baseColour;
-        } else if (!in.highlights.listed.Node(i)) {
-            p.Width(normal);
-            if (!analogousHighlighted)
-                pen.rgb = highlight;
-        } else {
-            p.Width(selected);
-            if (analogousHighlighted)
-                pen.rgb = highlight;
-        }
-        DrawArc(p.Target(), ProjectedXOf(in.view, n.pointIndex),
-                ProjectedYOf(in.view, n.pointIndex), 2 * radius, pen);
+        bool selected = false;
+        const Pen pen = NodePen(in, i, selected);
+        p.Width(selected ? wide : normal);
+        const double x = ProjectedXOf(in.view, n.pointIndex),
+                     y = ProjectedYOf(in.view, n.pointIndex);
+        if (const Rgb fill = NodeFill(in, i))
+            p.Target().FilledCircle(x, y, radius, fill);
+        DrawArc(p.Target(), x, y, 2 * radius, pen);
     }
 }
 
@@ -347,7 +358,17 @@ void DrawStructure(const DrawInput &in, Canvas &surface) {
 void ExportDrawing(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers) {
     BufferCanvas canvas(surface, buffers, true);
     Painter painter(canvas);
-    Traverse(in, painter);
+    // The drawing keeps every element's own colour code: no joint-type fills.
+    DrawInput own = in;
+    own.nodeFills = {};
+    Traverse(own, painter);
+}
+
+Rgb NodeDrawnColour(const DrawInput &in, int node) {
+    if (const Rgb fill = NodeFill(in, node))
+        return fill;
+    bool selected = false;
+    return NodePen(in, node, selected).rgb;
 }
 
 } // namespace vorna

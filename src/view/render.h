@@ -30,7 +30,13 @@ struct DrawInput {
     Highlights highlights;
     const StrokeFont &font;
     bool showAxes = true; // VisAssi
+    // The fill of each node's circle by its joint type ("Colora i tipi nel disegno"), indexed
+    // by node; 0 for none, and empty when the types are not coloured. The screen only.
+    std::span<const Rgb> nodeFills = {};
 };
+
+// The colour a shown node is drawn in now: its fill when it has one, else its circle's.
+Rgb NodeDrawnColour(const DrawInput &in, int node);
 
 // Clears the surface and paints the view on it, highlights and line widths included.
 void DrawStructure(const DrawInput &in, Canvas &surface);

@@ -17,8 +17,10 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
@@ -232,8 +234,8 @@ TEST(WindowUse, AnAngleThatIsNoNumberIsNamedAndTheViewKept) {
                                    "decimale \xE8 il punto). Resta l'angolo 30.");
     EXPECT_EQ(w.program->view.projectedX, before);
     // The redraws of a gesture do not repeat it; a new Ctrl+R does.
-    QWheelEvent wheel({5, 5}, w.Disegno()->mapToGlobal(QPointF(5, 5)), {}, {0, 120},
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent wheel({5, 5}, w.Disegno()->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(w.Disegno(), &wheel);
     EXPECT_EQ(ui.messages.size(), 1u);
     QTest::keyClick(box, Qt::Key_R, Qt::ControlModifier);
@@ -290,6 +292,52 @@ TEST(WindowUse, TheNodeUnderTheRestingCursorIsRingedOverThePicture) {
     EXPECT_EQ(disegno->Canvas().Image().cacheKey(), picture) << "the model was drawn again";
     rest(QPoint(3, 3));
     EXPECT_FALSE(disegno->ShownOverlays().hover.has_value());
+}
+
+// "Perché no?" on a picked node: the failing cell stands out, a near miss chosen on the second
+// tab centres the view on it; then Esito in the status row tells a verdict whole in its tooltip.
+TEST(WindowUse, WhyNotMarksTheFailingCellAndANearMissCentresTheView) {
+    MainWindow *parent = nullptr;
+    QtUi ui(parent);
+    DemoWindow w(ui, {1000, 700});
+    w.ChooseBaseNode(18);
+    QString marked;
+    QColor markedColour;
+    int chosenNode = -1;
+    QTimer::singleShot(0, [&] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto *tabs = dialog->findChild<QTabWidget *>();
+        ASSERT_NE(tabs, nullptr);
+        auto *comparison = qobject_cast<QTreeWidget *>(tabs->widget(0));
+        auto *misses = qobject_cast<QTreeWidget *>(tabs->widget(1));
+        ASSERT_TRUE(comparison && misses);
+        marked = comparison->topLevelItem(2)->text(3);
+        markedColour = comparison->topLevelItem(2)->foreground(3).color();
+        tabs->setCurrentIndex(1);
+        misses->setCurrentItem(misses->topLevelItem(1));
+        chosenNode = misses->topLevelItem(1)->text(1).toInt();
+        dialog->reject();
+    });
+    w.Item("&Perch\u00e9 no?...")->trigger();
+    QTest::mouseClick(w.Disegno(), Qt::LeftButton, {}, w.NodePixel(17));
+    EXPECT_EQ(marked, QString::fromUtf8("\u00bb 90.0\u00b0"));
+    EXPECT_EQ(markedColour, QColor(200, 0, 0));
+    ASSERT_GT(chosenNode, 0);
+    const QPoint centre = w.Disegno()->rect().center(), node = w.NodePixel(chosenNode);
+    // Centred up to the fit's uneven margins (10 % on one side, 11 % on the other).
+    const QSize size = w.Disegno()->size();
+    EXPECT_LE((node - centre).manhattanLength(), (size.width() + size.height()) / 100)
+        << node.x() << ',' << node.y();
+
+    w.Item("&Aggiungi nodi")->trigger();
+    QTest::mouseClick(w.Disegno(), Qt::LeftButton, {}, w.NodePixel(17));
+    auto *esito = qobject_cast<QLabel *>(w.Widget("Esito"));
+    ASSERT_NE(esito, nullptr);
+    EXPECT_TRUE(esito->text().startsWith("Nodo 17 non analogo: asta base 3"));
+    EXPECT_EQ(esito->toolTip(), QString::fromUtf8("Nodo 17 non analogo: asta base 3, direzione "
+                                                  "diversa di 90.0\u00b0"));
+    EXPECT_TRUE(w.InClient(w.Widget("FrameCoord")).contains(w.InClient(esito)));
 }
 
 } // namespace

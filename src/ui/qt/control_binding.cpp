@@ -39,8 +39,18 @@ void ApplyRows(QTreeWidget *list, const Control &c) {
     const QSignalBlocker quiet(list);
     if (list->topLevelItemCount() != static_cast<int>(c.items.size())) {
         list->clear();
-        for (const std::string &row : c.items)
-            list->addTopLevelItem(new QTreeWidgetItem(ToQString(row).split('\t')));
+        for (const std::string &row : c.items) {
+            auto *item = new QTreeWidgetItem(ToQString(row).split('\t'));
+            // A cell that starts with "\xBB" is the one a verdict points at.
+            for (int k = 0; k < item->columnCount(); ++k)
+                if (item->text(k).startsWith(QChar(0xBB))) {
+                    QFont bold = item->font(k);
+                    bold.setBold(true);
+                    item->setFont(k, bold);
+                    item->setForeground(k, QColor(200, 0, 0));
+                }
+            list->addTopLevelItem(item);
+        }
         for (int k = 0; k < list->columnCount(); ++k)
             list->resizeColumnToContents(k);
     }

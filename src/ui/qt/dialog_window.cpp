@@ -7,12 +7,16 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTabWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -35,6 +39,8 @@ DialogWindow::DialogWindow(Dialog &dialog, QWidget *parent) : QDialog(parent), d
         BuildFormOpt();
     else if (dialog.Name() == "FormOptInt")
         BuildFormOptInt();
+    else if (dialog.Name() == "FormPercheNo")
+        BuildFormPercheNo();
     else
         BuildFormTipiNodo();
     for (Binding &b : bindings_)
@@ -179,19 +185,26 @@ void DialogWindow::BuildFormOptInt() {
     qobject_cast<QLineEdit *>(size)->selectAll();
 }
 
-void DialogWindow::BuildFormTipiNodo() {
-    auto *column = new QVBoxLayout(this);
-    auto *list = new QTreeWidget(this);
+// A list whose column titles are the caption of the label titles, split at tabs; choosing a row
+// is a click on the list.
+QWidget *DialogWindow::List(const std::string &name, const char *titles, QWidget *parent) {
+    auto *list = new QTreeWidget(parent ? parent : this);
     list->setRootIsDecorated(false);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setMinimumWidth(520);
-    if (Control *header = dialog_.Find("Label1")) {
-        const QStringList titles = ToQString(header->caption).split('\t');
-        list->setColumnCount(static_cast<int>(titles.size()));
-        list->setHeaderLabels(titles);
+    if (Control *header = dialog_.Find(titles)) {
+        const QStringList columns = ToQString(header->caption).split('\t');
+        list->setColumnCount(static_cast<int>(columns.size()));
+        list->setHeaderLabels(columns);
     }
-    connect(list, &QTreeWidget::itemSelectionChanged, this, [this] { Raise("ListaTipi"); });
-    column->addWidget(Bind("ListaTipi", list));
+    connect(list, &QTreeWidget::itemSelectionChanged, this, [this, name] { Raise(name); });
+    return Bind(name, list);
+}
+
+void DialogWindow::BuildFormTipiNodo() {
+    auto *column = new QVBoxLayout(this);
+    typeList_ = qobject_cast<QTreeWidget *>(List("ListaTipi", "Label1"));
+    column->addWidget(typeList_);
     column->addWidget(Text("Label2"));
     schema_ = new SurfaceWidget(QColor(40, 44, 52), this);
     schema_->setFixedSize(240, 170);
@@ -199,9 +212,43 @@ void DialogWindow::BuildFormTipiNodo() {
     column->addWidget(schema_, 0, Qt::AlignHCenter);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
+    buttons->addWidget(Check("ColoraTipi"));
+    buttons->addStretch();
+    buttons->addWidget(Button("EsportaCSV"));
     auto *use = qobject_cast<QPushButton *>(Button("Usa"));
     use->setDefault(true);
     buttons->addWidget(use);
+    column->addLayout(buttons);
+}
+
+// The verdict over two tabs: the base bars against the node's, and the near misses.
+void DialogWindow::BuildFormPercheNo() {
+    auto *column = new QVBoxLayout(this);
+    QWidget *verdict = Text("Verdetto");
+    QFont bold = verdict->font();
+    bold.setBold(true);
+    verdict->setFont(bold);
+    column->addWidget(verdict);
+    column->addWidget(Text("Dettagli"));
+    tabs_ = new QTabWidget(this);
+    const Control *titles = dialog_.Find("Schede");
+    const char *lists[][2] = {{"Confronto", "Label1"}, {"ListaQuasi", "Label2"}};
+    for (std::size_t t = 0; t < 2; ++t) {
+        QWidget *list = List(lists[t][0], lists[t][1], tabs_);
+        list->setMinimumSize(640, 220);
+        tabs_->addTab(list, titles && t < titles->items.size() ? ToQString(titles->items[t])
+                                                               : QString::fromLatin1(lists[t][0]));
+    }
+    connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+        if (Control *c = dialog_.Find("Schede"); c && index >= 0) {
+            c->text = std::to_string(index + 1);
+            Raise("Schede");
+        }
+    });
+    column->addWidget(tabs_);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Button("Chiudi"));
     column->addLayout(buttons);
 }
 
@@ -217,6 +264,11 @@ void DialogWindow::Raise(const std::string &control, bool mouseUp) {
 void DialogWindow::Show() {
     for (Binding &b : bindings_)
         ApplyBinding(b, 15);
+    ShowTypeSwatches();
+    if (const Control *tab = tabs_ ? dialog_.Find("Schede") : nullptr) {
+        const QSignalBlocker quiet(tabs_);
+        tabs_->setCurrentIndex(std::max(0, ToQString(tab->text).toInt() - 1));
+    }
     PaintSchema();
     if (dialog_.closed)
         done(QDialog::Accepted);
@@ -248,6 +300,25 @@ void DialogWindow::keyReleaseEvent(QKeyEvent *event) {
 void DialogWindow::reject() {
     dialog_.Escape();
     QDialog::reject();
+}
+
+// Beside each type's row, the colour its nodes are drawn in, while the types are coloured.
+void DialogWindow::ShowTypeSwatches() {
+    const Control *colours = typeList_ ? dialog_.Find("ColoriTipi") : nullptr;
+    if (!colours)
+        return;
+    for (int r = 0; r < typeList_->topLevelItemCount(); ++r) {
+        QIcon icon;
+        const QStringList rgb = r < static_cast<int>(colours->items.size())
+                                    ? ToQString(colours->items[r]).split(',')
+                                    : QStringList();
+        if (rgb.size() == 3) {
+            QPixmap swatch(kSwatchSize - 4, kSwatchSize - 4);
+            swatch.fill(QColor(rgb[0].toInt(), rgb[1].toInt(), rgb[2].toInt()));
+            icon = QIcon(swatch);
+        }
+        typeList_->topLevelItem(r)->setIcon(0, icon);
+    }
 }
 
 void DialogWindow::PaintSchema() {

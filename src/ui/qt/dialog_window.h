@@ -7,6 +7,8 @@
 #include "ui/qt/surface_widget.h"
 
 #include <QDialog>
+#include <QTabWidget>
+#include <QTreeWidget>
 
 #include <vector>
 
@@ -34,15 +36,20 @@ private:
     QWidget *Text(const std::string &name);
     void BuildFormOpt();
     void BuildFormOptInt();
+    QWidget *List(const std::string &name, const char *titles, QWidget *parent = nullptr);
     void BuildFormTipiNodo();
+    void BuildFormPercheNo();
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();
     void PaintSchema();
+    void ShowTypeSwatches();
 
     Dialog &dialog_;
     std::vector<Binding> bindings_;
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
+    QTabWidget *tabs_ = nullptr;      // FormPercheNo's two pages
+    QTreeWidget *typeList_ = nullptr; // FormTipiNodo's types
     bool escapePressed_ = false;
 };
 

@@ -273,7 +273,11 @@ void MainWindow::SyncStatusRow() {
         {mode, inside(frame1, f.SottoFunAttiva)},
         {Widget("FrameCoord"), coord},
         {caption, label6},
-        {readout, labCoord}};
+        {readout, labCoord},
+        // The verdict in what the coordinate frame leaves free before its caption.
+        {Widget("Esito"), QRect(coord.left() + kPad, label6.top(),
+                                std::max(0, label6.left() - kGap - coord.left() - kPad),
+                                label6.height())}};
     for (const auto &[widget, place] : places)
         widget->setGeometry(place);
     if (keepStatusRowWhole_) {

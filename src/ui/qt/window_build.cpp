@@ -1,5 +1,6 @@
 // Building the main window: menus and the icon bar from the form's table, and every control of
 // the form as a widget bound to it by name.
+#include "app/command_steps.h"
 #include "app/commands.h"
 #include "ui/qt/main_window.h"
 
@@ -170,8 +171,8 @@ void MainWindow::BuildControls(QWidget *client) {
     connect(disegno_, &SurfaceWidget::KeyPressed, this, [this](QKeyEvent *e) { DisegnoKey(e); });
     Bind("Disegno", disegno_, BindingStyle::Placed);
 
-    for (const char *name :
-         {"Domanda", "Label5", "StringaSel", "FunAttiva", "SottoFunAttiva", "Label6", "LabCoord"})
+    for (const char *name : {"Domanda", "Label5", "StringaSel", "FunAttiva", "SottoFunAttiva",
+                             "Label6", "LabCoord", "Esito"})
         Bind(name, Label(client), BindingStyle::Placed);
     auto *risposta = new QLineEdit(client);
     connect(risposta, &QLineEdit::returnPressed, this,

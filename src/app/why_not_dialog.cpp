@@ -1,0 +1,190 @@
+// "Perché no?": FormPercheNo as data, built from one node's explanation and the near misses,
+// and the function that picks or names the node.
+#include "app/why_not_dialog.h"
+
+#include "app/command_steps.h"
+#include "app/commands.h"
+#include "app/why_not.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "projection/navigation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+namespace {
+
+constexpr const char *kMark = "\xBB "; // the failing cell
+
+std::span<const ControlRow<FormPercheNo>> FormPercheNoRows() {
+    using Form = FormPercheNo;
+    static constexpr ControlRow<Form> rows[] = {
+#define VORNA_CONTROL VORNA_CONTROL_ROW
+#include "app/why_not_controls.h"
+    };
+    return rows;
+}
+
+int BarName(const StructureModel &m, int bar) {
+    return bar >= 0 && bar < m.barCount ? m.bars[bar].name : 0;
+}
+
+std::string Pair(double a, double b) {
+    return NumberText(a) + " / " + NumberText(b);
+}
+
+std::string PairInts(int a, int b) {
+    return IntText(a) + " / " + IntText(b);
+}
+
+// The node's bar: the one paired, else the nearest in parentheses, else "-".
+std::string CandidateCell(const StructureModel &m, const BarPairFigures &pair) {
+    if (pair.candidateBar >= 0)
+        return IntText(BarName(m, pair.candidateBar));
+    if (pair.nearestBar >= 0)
+        return "(" + IntText(BarName(m, pair.nearestBar)) + ")";
+    return "-";
+}
+
+// One row per base bar: number, base bar, the node's bar, angle, lengths, sections (1-based
+// cards), colours, line types; the cell of the failing criterion marked.
+std::vector<std::string> ComparisonRows(const StructureModel &m, const AnalogyExplanation &e) {
+    std::vector<std::string> rows;
+    for (std::size_t k = 0; k < e.pairs.size(); ++k) {
+        const BarPairFigures &p = e.pairs[k];
+        const bool none = p.candidateBar < 0 && p.nearestBar < 0;
+        std::string cells[8] = {IntText(static_cast<long long>(k) + 1),
+                                IntText(BarName(m, p.baseBar)),
+                                CandidateCell(m, p),
+                                p.angle ? FixedText(*p.angle, 1) + "\xB0" : "-",
+                                none ? NumberText(p.baseLength) + " / -"
+                                     : Pair(p.baseLength, p.candidateLength),
+                                none ? "-" : PairInts(p.baseSection + 1, p.candidateSection + 1),
+                                none ? "-" : PairInts(p.baseColour, p.candidateColour),
+                                none ? "-" : PairInts(p.baseLineType, p.candidateLineType)};
+        if (static_cast<int>(k) == e.failingBar) {
+            int column = -1;
+            switch (e.reason) {
+            case WhyNotReason::Direction:
+            case WhyNotReason::NoRotation:
+                column = 3;
+                break;
+            case WhyNotReason::Length:
+                column = 4;
+                break;
+            case WhyNotReason::Section:
+                column = 5;
+                break;
+            case WhyNotReason::Colour:
+                column = 6;
+                break;
+            case WhyNotReason::LineType:
+                column = 7;
+                break;
+            default:
+                break;
+            }
+            if (column >= 0)
+                cells[column] = kMark + cells[column];
+        }
+        std::string row = cells[0];
+        for (int c = 1; c < 8; ++c)
+            row += '\t' + cells[c];
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+std::string DetailsText(const AnalogyExplanation &e) {
+    if (e.hasRotation) {
+        const Vec3 &a = e.rotationAxis;
+        return std::string(e.analogous ? "Rotazione" : "Rotazione migliore") + " di " +
+               FixedText(e.rotationAngle, 1) + "\xB0 attorno a (" + FixedText(a[0], 3) + ", " +
+               FixedText(a[1], 3) + ", " + FixedText(a[2], 3) + "), scarto massimo " +
+               FixedText(e.rotationResidual, 1) + "\xB0";
+    }
+    if (e.totalAngle)
+        return "Somma degli angoli dell'abbinamento: " + FixedText(*e.totalAngle, 1) + "\xB0";
+    return "";
+}
+
+// The view moved so that the node lies at the centre of the window, at the same scale.
+void CentreViewOn(Program &p, int node) {
+    const ViewWindow &w = std::fabs(p.view.zoomWindow.xMax - p.view.zoomWindow.xMin) >= kTolerance
+                              ? p.view.zoomWindow
+                              : p.view.shownWindow;
+    const int point = p.model.nodes[node].pointIndex;
+    MoveView(p.view, (w.xMax + w.xMin) / 2 - ProjectedXOf(p.view, point),
+             (w.yMax + w.yMin) / 2 - ProjectedYOf(p.view, point));
+    RedrawView(p);
+}
+
+} // namespace
+
+WhyNotDialog::WhyNotDialog(Program &program, int node, const AnalogyExplanation &e,
+                           std::vector<NearMiss> misses)
+    : p_(program), misses_(std::move(misses)) {
+    StartControls(FormPercheNoRows(), form_);
+    const StructureModel &m = p_.model;
+    form_.Verdetto.caption = VerdictText(m.nodes[node].name, e);
+    form_.Dettagli.caption = DetailsText(e);
+    form_.Schede.items = {"Confronto", "Quasi analoghi"};
+    form_.Schede.text = "1";
+    form_.Confronto.items = ComparisonRows(m, e);
+    for (std::size_t r = 0; r < misses_.size(); ++r) {
+        const NearMiss &miss = misses_[r];
+        form_.ListaQuasi.items.push_back(
+            IntText(static_cast<long long>(r) + 1) + '\t' + IntText(m.nodes[miss.node].name) +
+            '\t' + ReasonWord(miss.reason) + '\t' +
+            (miss.failingBar >= 0 ? IntText(miss.failingBar + 1) : "-") + '\t' +
+            FixedText(miss.score, 3));
+    }
+}
+
+void WhyNotDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {
+    ForEachControlOfRows(FormPercheNoRows(), form_, fn);
+}
+
+void WhyNotDialog::Click(std::string_view control) {
+    if (control == "Chiudi") {
+        closed = true;
+        return;
+    }
+    if (control != "ListaQuasi")
+        return;
+    const std::optional<double> row = StrictNumber(form_.ListaQuasi.text);
+    if (row && *row >= 1 && *row <= static_cast<double>(misses_.size()) && std::floor(*row) == *row)
+        CentreViewOn(p_, misses_[static_cast<std::size_t>(*row) - 1].node);
+}
+
+bool WhyNotDialog::Dump(std::string_view what, std::ostream &out) {
+    if (what != "rows")
+        return false;
+    for (const auto &[name, list] :
+         {std::pair{"Confronto", &form_.Confronto}, std::pair{"ListaQuasi", &form_.ListaQuasi}})
+        for (std::size_t r = 0; r < list->items.size(); ++r) {
+            std::string row = list->items[r];
+            std::replace(row.begin(), row.end(), '\t', '|');
+            out << name << '(' << r + 1 << ")=" << Cp1252ToUtf8(row) << '\n';
+        }
+    return true;
+}
+
+void PercheNo_Click(Program &p) {
+    StartFunction(p, ActiveFunction::WhyNot);
+    p.form.Domanda.caption = "Seleziona il nodo";
+}
+
+void ExplainNodeInDialog(Program &p, int name) {
+    bool notLive = false;
+    const int node = NodeForExplanation(p.model, p.view, name, notLive);
+    if (node < 0)
+        return;
+    const AnalogyParameters params = AnalogyParametersOf(p.form);
+    const AnalogyExplanation e = ExplainNodeAnalogy(p.model, p.view, p.connection, params, node);
+    WhyNotDialog dialog(p, node, e, FindNearMisses(p.model, p.view, p.connection, params));
+    p.ui.RunDialog(dialog);
+}
+
+} // namespace vorna

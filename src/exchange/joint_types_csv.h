@@ -1,0 +1,28 @@
+// The catalogue of joint types as a spreadsheet: a CSV file that a spreadsheet in an Italian
+// locale opens directly (UTF-8 with a byte-order mark, ";" between fields, decimal comma, CR LF).
+#pragma once
+
+#include "connection/joint_types.h"
+#include "platform/user_message.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vorna {
+
+// The bars at a node, in ascending order, as the catalogue counted them.
+using BarsOfNode = std::function<void(int node, std::vector<std::int16_t> &bars)>;
+
+// The header "Tipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste", then one row per node of every type:
+// types in the list's order, nodes in ascending name order (table order between equal names);
+// Aste holds the names of the node's named bars, separated by blanks.
+std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalogue &catalogue,
+                              const BarsOfNode &barsOf);
+
+// Writes the text whole or not at all; the message says which.
+UserMessage WriteJointTypesCsv(std::string_view fileName, std::string_view text);
+
+} // namespace vorna
