@@ -175,6 +175,7 @@ void Remove(const fs::path &temp) {
 class SignalGuard {
 public:
     explicit SignalGuard(const fs::path &) {}
+    void Arm() {}
 };
 
 #else
@@ -291,7 +292,7 @@ public:
         if (name.size() >= signalledTemp.size())
             return;
         std::memcpy(signalledTemp.data(), name.c_str(), name.size() + 1);
-        tempPending = 1;
+        stored_ = true;
         struct sigaction action {};
         action.sa_handler = RemoveTempAndEnd;
         action.sa_flags = SA_RESETHAND;
@@ -311,11 +312,18 @@ public:
     }
     SignalGuard(const SignalGuard &) = delete;
     SignalGuard &operator=(const SignalGuard &) = delete;
+    // The file exists and is this run's: from here a signal removes it. (Before, the name could
+    // still be another run's file.)
+    void Arm() {
+        if (stored_)
+            tempPending = 1;
+    }
 
 private:
     static constexpr std::array<int, 3> kSignals = {SIGTERM, SIGINT, SIGHUP};
     std::array<struct sigaction, 3> previous_{};
     std::array<bool, 3> taken_{};
+    bool stored_ = false;
 };
 
 #endif
@@ -354,7 +362,7 @@ bool WriteFileAtomic(const fs::path &path, std::string_view content) {
         return false;
     for (int attempt = 0; attempt < 8; ++attempt) {
         const fs::path temp = TemporaryName(target);
-        const SignalGuard guard(temp);
+        SignalGuard guard(temp);
         File file;
         const Created created =
             Fails(WriteStep::Open, path) ? Created::Failed : file.CreateNew(temp, old);
@@ -364,6 +372,7 @@ bool WriteFileAtomic(const fs::path &path, std::string_view content) {
             return WriteInPlace(target, content, true);
         if (created != Created::Yes)
             return false;
+        guard.Arm();
         if (FillTemporary(file, content, path) && !Fails(WriteStep::Rename, path) &&
             Replace(temp, target))
             return true;
