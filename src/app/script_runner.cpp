@@ -49,11 +49,8 @@ std::optional<std::uint32_t> ScriptUi::ChooseColour(std::uint32_t) {
 }
 
 void ScriptUi::RunDialog(Dialog &dialog) {
-    if (dialog.Name() == "FormOptInt" && !pickBoxTexts.empty()) {
-        if (Control *box = dialog.Find("TextTrappola"))
-            box->text = pickBoxTexts.front();
+    if (!pickBoxTexts.empty() && dialog.AnswerWith(pickBoxTexts.front())) {
         pickBoxTexts.pop_front();
-        dialog.Click("Command1");
         return;
     }
     std::string line;

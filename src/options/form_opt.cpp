@@ -195,6 +195,12 @@ void FormOptIntDialog::ForEachControl(const std::function<void(std::string_view,
     ForEachControlOfRows(FormOptIntRows(), form, fn);
 }
 
+bool FormOptIntDialog::AnswerWith(std::string_view text) {
+    form.TextTrappola.text = text;
+    Click("Command1");
+    return true;
+}
+
 void FormOptIntDialog::Click(std::string_view control) {
     if (control != "Command1")
         return;

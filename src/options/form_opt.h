@@ -75,6 +75,8 @@ public:
     std::string_view Caption() const override { return "Opzioni"; }
     void ForEachControl(const std::function<void(std::string_view, Control &)> &fn) override;
     void Click(std::string_view control) override;
+    // The size typed in the box, then "Chiudi".
+    bool AnswerWith(std::string_view text) override;
 
     FormOptInt form;
     bool taken = false; // closed with "Chiudi"

@@ -26,6 +26,9 @@ public:
     virtual void MouseUp(std::string_view /*control*/) {}
     // Esc released: the dialog closes without taking anything over.
     virtual void Escape() { closed = true; }
+    // A dialog that one typed line answers (the pick-box size) takes a text queued by a script
+    // and closes with it; false for the others, which take the script's lines one by one.
+    virtual bool AnswerWith(std::string_view /*text*/) { return false; }
     // Draws the dialog's picture of that name on a surface of the front end.
     virtual void Paint(std::string_view /*picture*/, Canvas & /*canvas*/) {}
     // A text dump of what the dialog shows beyond its controls; false when it has none of that

@@ -34,6 +34,10 @@ private:
     QWidget *Swatch(const std::string &name, QWidget *parent = nullptr);
     QWidget *Field(const std::string &name);
     QWidget *Text(const std::string &name);
+    static constexpr int kSwatchSize = 18;
+    using LayoutBuilder = void (DialogWindow::*)();
+    // The builder of a dialog's layout, by the dialog's name (dialog_layouts.cpp).
+    static LayoutBuilder LayoutOf(std::string_view dialog);
     void BuildFormOpt();
     void BuildFormOptInt();
     QWidget *List(const std::string &name, const char *titles, QWidget *parent = nullptr);

@@ -1,0 +1,202 @@
+// The layout of each dialog, one builder apiece, and the table that finds a dialog's builder by
+// its name: adding a dialog is its builder and one row of the table.
+#include "ui/qt/dialog_window.h"
+
+#include "ui/qt/qt_ui.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace vorna::qt {
+
+namespace {
+
+std::string Indexed(const char *name, int i) {
+    return std::string(name) + "(" + std::to_string(i) + ")";
+}
+
+} // namespace
+
+DialogWindow::LayoutBuilder DialogWindow::LayoutOf(std::string_view dialog) {
+    static constexpr std::pair<std::string_view, LayoutBuilder> kLayouts[] = {
+        {"FormOpt", &DialogWindow::BuildFormOpt},
+        {"FormOptInt", &DialogWindow::BuildFormOptInt},
+        {"FormTipiNodo", &DialogWindow::BuildFormTipiNodo},
+        {"FormPercheNo", &DialogWindow::BuildFormPercheNo},
+    };
+    for (const auto &[name, build] : kLayouts)
+        if (name == dialog)
+            return build;
+    return nullptr;
+}
+
+void DialogWindow::BuildFormOpt() {
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(Check("CheckSpGus"));
+    auto *sizes = new QGridLayout;
+    int row = 0;
+    for (auto [label, box] : {std::pair{"Label1", "SpMinGus"},
+                              {"Label3", "SpNonSel"},
+                              {"Label2", "SpSel"},
+                              {"Label5", "Raggio"}}) {
+        QWidget *caption = Text(label);
+        QWidget *field = Field(box);
+        qobject_cast<QLabel *>(caption)->setBuddy(field);
+        sizes->addWidget(caption, row, 0);
+        sizes->addWidget(field, row++, 1);
+    }
+    column->addLayout(sizes);
+    column->addWidget(Option("EvColSel"));
+    column->addWidget(Option("EvColNonSel"));
+
+    auto *frame = new QGroupBox(this);
+    Bind("Frame3", frame);
+    auto *numbering = new QGridLayout(frame);
+    numbering->addWidget(Check("CheckTxtNodi"), 0, 0);
+    for (int i = 0; i < 2; ++i)
+        numbering->addWidget(Check(Indexed("TxtNodi", i)), 0, 1 + i);
+    numbering->addWidget(Check("CheckTxtAste"), 1, 0);
+    for (int i = 0; i < 5; ++i)
+        numbering->addWidget(Check(Indexed("TxtAste", i)), 1 + i / 3, 1 + i % 3);
+    row = 3;
+    for (auto [label, box] :
+         {std::pair{"Label6", "BaseTxt"}, {"Label7", "AltezzaTxt"}, {"Label4", "DistTxt"}}) {
+        numbering->addWidget(Text(label), row, 0, 1, 2);
+        numbering->addWidget(Field(box), row++, 2);
+    }
+    numbering->addWidget(Text("Label8"), row, 0);
+    auto *swatches = new QHBoxLayout;
+    swatches->setSpacing(2);
+    for (int i = 1; i <= 9; ++i) {
+        // The frame around each swatch tells the chosen one (cyan) from the others (red).
+        auto *border = new QLabel(frame);
+        border->setAutoFillBackground(true);
+        border->setFixedSize(kSwatchSize + 6, kSwatchSize + 6);
+        Bind(Indexed("LabelBordCol", i), border, BindingStyle::Swatch);
+        QWidget *swatch = Swatch(Indexed("LabelCol", i), border);
+        swatch->move(3, 3);
+        swatch->setCursor(Qt::PointingHandCursor);
+        swatch->installEventFilter(this);
+        swatch->setProperty("swatch", QString::fromStdString(Indexed("LabelCol", i)));
+        swatches->addWidget(border);
+    }
+    swatches->addStretch();
+    numbering->addLayout(swatches, row, 1, 1, 3);
+    column->addWidget(frame);
+
+    auto *colours = new QGridLayout;
+    row = 0;
+    for (auto [label, swatch, button] : {std::tuple{"Label10", "ColoreNodoBase", "Command1"},
+                                         {"Label11", "ColoreAsteBase", "Command2"},
+                                         {"Label12", "ColoreAsteConfl", "Command3"},
+                                         {"Label9", "ColoreSel", "Command4"}}) {
+        colours->addWidget(Text(label), row, 0);
+        colours->addWidget(Swatch(swatch), row, 1);
+        colours->addWidget(Button(button), row++, 2);
+    }
+    column->addLayout(colours);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Button("Salva"));
+    buttons->addWidget(Button("Chiudi"));
+    column->addLayout(buttons);
+}
+
+void DialogWindow::BuildFormOptInt() {
+    auto *column = new QVBoxLayout(this);
+    auto *frame = new QGroupBox(this);
+    Bind("Frame1", frame);
+    auto *row = new QHBoxLayout(frame);
+    auto *caption = qobject_cast<QLabel *>(Text("Label1"));
+    caption->setParent(frame);
+    QWidget *size = Field("TextTrappola");
+    size->setParent(frame);
+    caption->setBuddy(size);
+    row->addWidget(caption);
+    row->addWidget(size);
+    column->addWidget(frame);
+    auto *close = qobject_cast<QPushButton *>(Button("Command1"));
+    close->setDefault(true);
+    column->addWidget(close, 0, Qt::AlignRight);
+    size->setFocus();
+    qobject_cast<QLineEdit *>(size)->selectAll();
+}
+
+// A list whose column titles are the caption of the label titles, split at tabs; choosing a row
+// is a click on the list.
+QWidget *DialogWindow::List(const std::string &name, const char *titles, QWidget *parent) {
+    auto *list = new QTreeWidget(parent ? parent : this);
+    list->setRootIsDecorated(false);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setMinimumWidth(520);
+    if (Control *header = dialog_.Find(titles)) {
+        const QStringList columns = ToQString(header->caption).split('\t');
+        list->setColumnCount(static_cast<int>(columns.size()));
+        list->setHeaderLabels(columns);
+    }
+    connect(list, &QTreeWidget::itemSelectionChanged, this, [this, name] { Raise(name); });
+    return Bind(name, list);
+}
+
+void DialogWindow::BuildFormTipiNodo() {
+    auto *column = new QVBoxLayout(this);
+    typeList_ = qobject_cast<QTreeWidget *>(List("ListaTipi", "Label1"));
+    column->addWidget(typeList_);
+    column->addWidget(Text("Label2"));
+    schema_ = new SurfaceWidget(QColor(40, 44, 52), this);
+    schema_->setFixedSize(240, 170);
+    schema_->installEventFilter(this); // drawn again once it has its size
+    column->addWidget(schema_, 0, Qt::AlignHCenter);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Check("ColoraTipi"));
+    buttons->addStretch();
+    buttons->addWidget(Button("EsportaCSV"));
+    auto *use = qobject_cast<QPushButton *>(Button("Usa"));
+    use->setDefault(true);
+    buttons->addWidget(use);
+    column->addLayout(buttons);
+}
+
+// The verdict over two tabs: the base bars against the node's, and the near misses.
+void DialogWindow::BuildFormPercheNo() {
+    auto *column = new QVBoxLayout(this);
+    QWidget *verdict = Text("Verdetto");
+    QFont bold = verdict->font();
+    bold.setBold(true);
+    verdict->setFont(bold);
+    column->addWidget(verdict);
+    column->addWidget(Text("Dettagli"));
+    tabs_ = new QTabWidget(this);
+    const Control *titles = dialog_.Find("Schede");
+    const char *lists[][2] = {{"Confronto", "Label1"}, {"ListaQuasi", "Label2"}};
+    for (std::size_t t = 0; t < 2; ++t) {
+        QWidget *list = List(lists[t][0], lists[t][1], tabs_);
+        list->setMinimumSize(640, 220);
+        tabs_->addTab(list, titles && t < titles->items.size() ? ToQString(titles->items[t])
+                                                               : QString::fromLatin1(lists[t][0]));
+    }
+    connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+        if (Control *c = dialog_.Find("Schede"); c && index >= 0) {
+            c->text = std::to_string(index + 1);
+            Raise("Schede");
+        }
+    });
+    column->addWidget(tabs_);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Button("Chiudi"));
+    column->addLayout(buttons);
+}
+
+} // namespace vorna::qt
