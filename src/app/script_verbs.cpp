@@ -1,5 +1,11 @@
 // The script language as tables of verbs: each row names a verb, its arguments and what it
 // does, and serves both the runner and the README.
+//
+// Sections: words and numbers of a line (SkipSpaces, IntegerOf, IndexOf); the window's verbs
+// (Dump to Button: dump, answers, set, keys, the mouse, resize); the dialogs' verbs
+// (DialogClick, DialogCheck, DialogOption); reading a line against the rules (SplitVerb,
+// ParseArgs); the two verb tables (WindowVerbs, DialogVerbs); running a line and the README's
+// tables.
 #include "app/script_verbs.h"
 
 #include "app/command_steps.h"

@@ -21,10 +21,6 @@ struct JointTypeCatalogue {
     std::vector<int> overcrowded;
 };
 
-// Every live, shown node with at least one bar, in table order, joins the first type whose head
-// it is analogous to under params (the head as base node with the bars choosing it would give,
-// the node as candidate) and whose head has as many bars at its point; otherwise it heads a new
-// type. A head without named bars has no pattern to compare: it takes no members.
 // The palette of the joint types drawn in colour: type k = 1..12 in the list's order, packed
 // red + 256 green + 65536 blue, apart from the nine colour codes and the highlights; 0 for any
 // other k.
@@ -33,6 +29,10 @@ std::uint32_t JointTypeColour(int k);
 // Each node's fill: the colour of its type when that is one of the first twelve, else 0.
 std::vector<std::uint32_t> JointTypeFills(const JointTypeCatalogue &catalogue, int nodeCount);
 
+// Every live, shown node with at least one bar, in table order, joins the first type whose head
+// it is analogous to under params (the head as base node with the bars choosing it would give,
+// the node as candidate) and whose head has as many bars at its point; otherwise it heads a new
+// type. A head without named bars has no pattern to compare: it takes no members.
 JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewState &view,
                                        ProjectedBarIndex &index, const AnalogyParameters &params);
 

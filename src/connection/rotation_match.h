@@ -2,25 +2,13 @@
 // rotation of space, every component within the tolerance.
 #pragma once
 
+#include "connection/rotation.h"
 #include "connection/vec3.h"
 
 #include <optional>
 #include <vector>
 
 namespace vorna {
-
-// A rotation as the rows of its matrix.
-using Rotation = std::array<Vec3, 3>;
-
-inline Vec3 Rotate(const Rotation &r, const Vec3 &v) {
-    return {Dot(r[0], v), Dot(r[1], v), Dot(r[2], v)};
-}
-
-// The proper rotation that takes the from vectors closest to the to vectors in the weighted
-// least-squares sense (Horn's quaternion method); any such rotation when the vectors leave it
-// free. Pairs beyond the weights given weigh 1.
-Rotation BestFitRotation(const std::vector<Vec3> &from, const std::vector<Vec3> &to,
-                         const std::vector<double> &weights = {});
 
 // For each base vector the position of its candidate: distinct candidates, one rotation R with
 // R(base k) agreeing with candidate k's vector component by component within 0.0001, and among

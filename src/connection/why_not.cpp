@@ -1,4 +1,10 @@
 // Why a node is or is not analogous to the base node, and which rejected nodes come closest.
+//
+// Sections: the figures of one pair of bars (SetCandidate, Pair); the first failing criterion
+// of the direction methods (Fail, the nearest bar); the best rotation of "Nodi identici e
+// ruotati" (AxisAngle, RotationTry, the best pairing); the bars' properties
+// (ExplainProperties); the explanation itself (ExplainAnalogy, ExplainNodeAnalogy); the near
+// misses (NearMissScore, FindNearMisses).
 #include "connection/why_not.h"
 
 #include "connection/assignment.h"

@@ -1,4 +1,9 @@
 // The main window FormVorna: events in as commands, the form out as widget state.
+//
+// Sections: Qt's buttons and modifiers as the program's; attaching a program and the window's
+// size; the form shown on the widgets (SyncFromForm, the side bar, the status row, menus,
+// overlays); running a command (Run); Disegno's mouse, wheel and keys; resizing, closing and
+// the shortcuts over text boxes.
 #include "ui/qt/main_window.h"
 
 #include "app/command_steps.h"
