@@ -86,7 +86,10 @@ void BM_CleanDrawingLiteral(benchmark::State &state) {
 }
 BENCHMARK(BM_CleanDrawingLiteral)->Apply(GrowingSizes)->Unit(benchmark::kMillisecond);
 // Once at full capacity: the figure the whole save is compared with.
-BENCHMARK(BM_CleanDrawingLiteral)->Arg(kCoordCapacity)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CleanDrawingLiteral)
+    ->Arg(kCoordCapacity)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
 
 const std::filesystem::path &BenchFile() {
     static const std::filesystem::path file =

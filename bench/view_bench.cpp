@@ -90,7 +90,8 @@ DrawInput FittedInput(benchmark::State &state, CountingCanvas &canvas) {
         state.SkipWithError("the large model did not load");
     ProjectStructure(*m.model, *m.view, 30, 30, 0);
     SetViewScale(*m.model, ListedOf(*m.connection), m.filter, *m.view, canvas);
-    return DrawInput{*m.model, *m.view, m.display, m.internal, HighlightsOf(*m.connection), m.font, true};
+    return DrawInput{*m.model, *m.view, m.display, m.internal, HighlightsOf(*m.connection),
+                     m.font,   true};
 }
 
 void BM_DrawStructure(benchmark::State &state) {

@@ -158,9 +158,8 @@ TEST_F(Navigation, ARectangleDraggedOutIsTheTwoClicksRectangle) {
     std::string x1, y1, x2, y2;
     in >> x1 >> y1 >> x2 >> y2;
     const std::string base = "NodoBase\nclicknode 18\nAggiungi\nFinestra\n";
-    const std::string clicks =
-        Run(base + "click " + x1 + " " + y1 + "\nmove " + x2 + " " + y2 + "\nclick " + x2 + " " +
-            y2 + "\ndump connection\n");
+    const std::string clicks = Run(base + "click " + x1 + " " + y1 + "\nmove " + x2 + " " + y2 +
+                                   "\nclick " + x2 + " " + y2 + "\ndump connection\n");
     const std::string drag = Run(base + "down " + x1 + " " + y1 + "\nmove " + x2 + " " + y2 +
                                  " 1\nup " + x2 + " " + y2 + "\ndump connection\n");
     EXPECT_EQ(clicks.find("analogousListText=18\n"), std::string::npos) << "nothing selected";
@@ -181,8 +180,8 @@ TEST_F(Navigation, CtrlWheelKeepsThePointUnderTheCursor) {
     at.precision(17);
     at << x << ' ' << y;
     for (const char *steps : {"1", "-2"}) {
-        const View after =
-            LastView(Run("wheel 2\nwheel " + std::string(steps) + " " + at.str() + " 2\ndump view\n"));
+        const View after = LastView(
+            Run("wheel 2\nwheel " + std::string(steps) + " " + at.str() + " 2\ndump view\n"));
         EXPECT_NEAR((x - after.shown[1]) / (after.shown[0] - after.shown[1]),
                     (x - before.shown[1]) / (before.shown[0] - before.shown[1]), 1e-9);
         EXPECT_NEAR((y - after.shown[3]) / (after.shown[2] - after.shown[3]),

@@ -111,8 +111,9 @@ public:
                             const std::string &prefix) const {
         dir_.Write("test.script", script);
         std::string command = "QT_QPA_PLATFORM=offscreen " + prefix + Program().command +
-                              " --script " + ShellQuoted(NameForProgram(dir_.path() / "test.script")) +
-                              " " + ShellQuoted("|diroot=" + root + "|") + " 2>/dev/null";
+                              " --script " +
+                              ShellQuoted(NameForProgram(dir_.path() / "test.script")) + " " +
+                              ShellQuoted("|diroot=" + root + "|") + " 2>/dev/null";
         RunResult result;
         std::unique_ptr<FILE, int (*)(FILE *)> pipe(popen(command.c_str(), "r"), pclose);
         std::array<char, 4096> buffer;

@@ -703,8 +703,8 @@ TEST(ViewCommands, TheBusyPointerLastsAsLongAsEachEvent) {
     std::vector<bool> seen;
     auto press = [&](double x, double y) {
         Dispatch(p, [&](Program &q) {
-            Disegno_Mouse(q, {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x,
-                              .y = y});
+            Disegno_Mouse(q,
+                          {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x, .y = y});
             seen.push_back(app.ui.busy);
         });
         seen.push_back(app.ui.busy);

@@ -54,8 +54,7 @@ void ShowSchemaLabels(Program &p, const BaseNodeSchema &schema) {
 }
 
 void DrawSchema(Program &p, bool automaticTyping) {
-    const BaseNodeSchema schema =
-        BaseNodeSchemaOf(p.model, p.connection, p.input, automaticTyping);
+    const BaseNodeSchema schema = BaseNodeSchemaOf(p.model, p.connection, p.input, automaticTyping);
     PaintBaseNodeSchema(p.picture1, schema);
     ShowSchemaLabels(p, schema);
 }
@@ -175,8 +174,7 @@ void HighlightNodeBarTypes(Program &p, int name) {
     auto width = [&](int option) {
         return static_cast<int>(std::clamp(RoundHalfEven(p.displayOptions(option)), 1.0, 1000.0));
     };
-    if (auto typed =
-            NodeBarTypes(p.model, p.connection, AnalogyParametersOf(p.form).method, name))
+    if (auto typed = NodeBarTypes(p.model, p.connection, AnalogyParametersOf(p.form).method, name))
         DrawTypedBars(p.disegno, ProjectedLines(p, *typed), width(opt::kWidthSelected),
                       width(opt::kWidthNormal));
 }

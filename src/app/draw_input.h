@@ -44,8 +44,7 @@ inline std::vector<ColouredLine> ProjectedLines(const Program &p,
     for (const TypedBar &t : typed) {
         const Bar &b = p.model.bars[t.bar];
         lines.push_back({ProjectedXOf(p.view, b.pointI), ProjectedYOf(p.view, b.pointI),
-                         ProjectedXOf(p.view, b.pointJ), ProjectedYOf(p.view, b.pointJ),
-                         t.colour});
+                         ProjectedXOf(p.view, b.pointJ), ProjectedYOf(p.view, b.pointJ), t.colour});
     }
     return lines;
 }

@@ -3,8 +3,8 @@
 #include "app/joint_types_dialog.h"
 
 #include "app/command_steps.h"
-#include "app/draw_input.h"
 #include "app/commands.h"
+#include "app/draw_input.h"
 #include "connection/base_node.h"
 #include "exchange/joint_types_csv.h"
 #include "platform/number_text.h"

@@ -239,8 +239,8 @@ void Disegno_KeyDown(Program &p, Key key) {
         break;
     case Key::PageUp:
     case Key::PageDown:
-        Disegno_Mouse(p, {.kind = MouseEvent::Kind::Wheel,
-                          .wheelSteps = key == Key::PageUp ? 1 : -1});
+        Disegno_Mouse(p,
+                      {.kind = MouseEvent::Kind::Wheel, .wheelSteps = key == Key::PageUp ? 1 : -1});
         break;
     case Key::Home:
         Ottimizza_Click(p);

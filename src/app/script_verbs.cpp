@@ -162,8 +162,8 @@ bool Option(Session &s, const ScriptArgs &a) {
 
 bool KeyVerb(Session &s, const ScriptArgs &a) {
     static const std::pair<const char *, Key> drawingKeys[] = {
-        {"Left", Key::Left},     {"Right", Key::Right},       {"Up", Key::Up},
-        {"Down", Key::Down},     {"PageUp", Key::PageUp},     {"PageDown", Key::PageDown},
+        {"Left", Key::Left}, {"Right", Key::Right},   {"Up", Key::Up},
+        {"Down", Key::Down}, {"PageUp", Key::PageUp}, {"PageDown", Key::PageDown},
         {"Home", Key::Home}};
     if (a.text[0] == "Enter") {
         Risposta_KeyDown(s.p, Key::Enter);
@@ -204,8 +204,8 @@ bool Mouse(Session &s, const ScriptArgs &a, MouseEvent::Kind kind) {
     if ((kind == MouseEvent::Kind::Move ? button < 0 || button > 7 : !single) || shift < 0 ||
         shift > 7)
         return false;
-    MouseEvent e{.kind = kind, .modifiers = Modifiers::FromCode(shift), .x = a.number[0],
-                 .y = a.number[1]};
+    MouseEvent e{
+        .kind = kind, .modifiers = Modifiers::FromCode(shift), .x = a.number[0], .y = a.number[1]};
     if (kind == MouseEvent::Kind::Move)
         e.held = given ? button : kNoButton;
     else
@@ -233,7 +233,8 @@ bool ClickNode(Session &s, const ScriptArgs &a) {
     for (int i = 0; i < m.nodeCount; ++i) {
         const Node &n = m.nodes[i];
         if (std::to_string(n.name) == a.text[0] && IsLive(n) && p.view.nodeShown[i]) {
-            MouseEvent click{.button = kLeftButton, .x = ProjectedXOf(p.view, n.pointIndex),
+            MouseEvent click{.button = kLeftButton,
+                             .x = ProjectedXOf(p.view, n.pointIndex),
                              .y = ProjectedYOf(p.view, n.pointIndex)};
             for (MouseEvent::Kind kind : {MouseEvent::Kind::Press, MouseEvent::Kind::Release}) {
                 click.kind = kind;

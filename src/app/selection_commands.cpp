@@ -15,7 +15,6 @@
 namespace vorna {
 namespace {
 
-
 // The analogy parameters are read when the command runs, as the side bar holds them then.
 SelectionContext ContextOf(Program &p) {
     AnalogyParameters params = AnalogyParametersOf(p.form);
@@ -259,7 +258,8 @@ void PickAt(Program &p, double x, double y) {
             function != ActiveFunction::ShowBarTypes && function != ActiveFunction::WhyNot) {
             p.command.autoWindow = true;
             Finestra_Click(p);
-            Disegno_Mouse(p, {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x, .y = y});
+            Disegno_Mouse(p,
+                          {.kind = MouseEvent::Kind::Press, .button = kLeftButton, .x = x, .y = y});
         }
     } else if (function == ActiveFunction::ChooseBaseNode) {
         ChooseBaseNodeByPick(p, name);

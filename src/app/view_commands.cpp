@@ -21,8 +21,8 @@ namespace {
 void RefuseAngleText(Program &p, int k) {
     static const char *const names[] = {"alfa x", "alfa y", "alfa z"};
     const std::string &text = p.form.Angolo[k].text;
-    std::string message = "Angolo " + std::string(names[k]) + ": \"" + text +
-                          "\" non \xE8 un numero";
+    std::string message =
+        "Angolo " + std::string(names[k]) + ": \"" + text + "\" non \xE8 un numero";
     if (text.find(',') != std::string::npos)
         message += " (il separatore decimale \xE8 il punto)";
     message += ". Resta l'angolo " + NumberText(p.view.lastAngles[k]) + ".";

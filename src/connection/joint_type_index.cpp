@@ -90,7 +90,6 @@ bool Reaches(const std::vector<double> &a, const std::vector<double> &b, double 
 
 } // namespace
 
-
 // A necessary condition for the node to be analogous to the head: false only when the test
 // could not pass. "Nodi identici" may give two base bars the same bar, so there the head's
 // values need only be covered; the other methods pair bars one to one.
@@ -270,7 +269,6 @@ struct HeadIndex::Impl {
     std::vector<Vec3> queries_, vectors_;
     std::vector<std::size_t> found_;
 };
-
 
 HeadIndex::HeadIndex(const AnalogyParameters &params) : impl_(std::make_unique<Impl>(params)) {}
 HeadIndex::~HeadIndex() = default;

@@ -19,7 +19,6 @@ constexpr Rotation kIdentity{Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}};
 // The half turn about Z: the mirror of "Nodi identici e simmetrici" applied to every bar.
 constexpr Rotation kHalfTurnZ{Vec3{-1, 0, 0}, Vec3{0, -1, 0}, Vec3{0, 0, 1}};
 
-
 Vec3 Unit(const Vec3 &v);
 
 // A right-handed orthonormal frame: along first, then across the plane of first and second

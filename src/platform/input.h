@@ -12,7 +12,9 @@ struct Modifiers {
     bool control = false;
     bool alt = false;
     // From the program's shift-state code: 1 shift, 2 ctrl, 4 alt, summed.
-    static Modifiers FromCode(int code) { return {(code & 1) != 0, (code & 2) != 0, (code & 4) != 0}; }
+    static Modifiers FromCode(int code) {
+        return {(code & 1) != 0, (code & 2) != 0, (code & 4) != 0};
+    }
 };
 
 struct MouseEvent {

@@ -90,8 +90,8 @@ bool TextMayShow(const StrokeFont &font, const Canvas &canvas, std::size_t chars
     // Glyph points lie within 99 units of the cell's origin across and 99 + the baseline along
     // the height; each further character moves the origin by charWidth.
     constexpr double kBelowAndAbove = (99 + kBaseline) / kCapHeight;
-    const double glyph = std::abs(GlyphScaleX(font, charWidth) * 99) +
-                         std::abs(charHeight) * kBelowAndAbove;
+    const double glyph =
+        std::abs(GlyphScaleX(font, charWidth) * 99) + std::abs(charHeight) * kBelowAndAbove;
     const double reach = spread + static_cast<double>(chars) * std::abs(charWidth) + glyph;
     return canvas.ShowsText(x - reach, y - reach, x + reach, y + reach,
                             std::max(std::abs(charWidth), std::abs(charHeight)));

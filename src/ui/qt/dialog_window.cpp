@@ -22,7 +22,6 @@
 
 namespace vorna::qt {
 
-
 DialogWindow::DialogWindow(Dialog &dialog, QWidget *parent) : QDialog(parent), dialog_(dialog) {
     setWindowTitle(ToQString(dialog.Caption()));
     setModal(true);
@@ -76,7 +75,6 @@ QWidget *DialogWindow::Text(const std::string &name) {
     label->setTextFormat(Qt::PlainText);
     return Bind(name, label);
 }
-
 
 void DialogWindow::Raise(const std::string &control, bool mouseUp) {
     for (Binding &b : bindings_)

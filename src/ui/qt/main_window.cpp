@@ -221,8 +221,7 @@ void MainWindow::SyncSideBar() {
     constexpr int kGap = 4;
     const int room = std::max(1, TwipsToPixels(f.Angolo[0], tpp).top() - origin.y() - kGap);
     const bool scrolls = content->height() > room;
-    sideBar_->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn
-                                                 : Qt::ScrollBarAlwaysOff);
+    sideBar_->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     const int bar = scrolls ? sideBar_->verticalScrollBar()->sizeHint().width() : 0;
     sideBar_->setGeometry(origin.x() - bar, origin.y(), content->width() + bar,
                           scrolls ? room : content->height());
@@ -237,20 +236,19 @@ void MainWindow::SyncStatusRow() {
     constexpr int kPad = 4, kGap = 4;
     QWidget *function = Widget("FunAttiva"), *mode = Widget("SottoFunAttiva");
     QWidget *caption = Widget("Label6"), *readout = Widget("LabCoord");
-    const int functionText =
-        WidestText(function,
-                   {FunctionCaption(ActiveFunction::AddNodes),
-                    FunctionCaption(ActiveFunction::RemoveNodes),
-                    FunctionCaption(ActiveFunction::ChooseBaseNode),
-                    FunctionCaption(ActiveFunction::RemoveBaseBars),
-                    FunctionCaption(ActiveFunction::ShowBarTypes)},
-                   f.FunAttiva.caption);
-    const int modeText = WidestText(
-        mode,
-        {ModeCaption(SelectionMode::Window), ModeCaption(SelectionMode::Material),
-         ModeCaption(SelectionMode::Name), ModeCaption(SelectionMode::Direct),
-         ModeCaption(SelectionMode::ConstraintCard), "Zoom", "Sposta"},
-        f.SottoFunAttiva.caption);
+    const int functionText = WidestText(function,
+                                        {FunctionCaption(ActiveFunction::AddNodes),
+                                         FunctionCaption(ActiveFunction::RemoveNodes),
+                                         FunctionCaption(ActiveFunction::ChooseBaseNode),
+                                         FunctionCaption(ActiveFunction::RemoveBaseBars),
+                                         FunctionCaption(ActiveFunction::ShowBarTypes)},
+                                        f.FunAttiva.caption);
+    const int modeText =
+        WidestText(mode,
+                   {ModeCaption(SelectionMode::Window), ModeCaption(SelectionMode::Material),
+                    ModeCaption(SelectionMode::Name), ModeCaption(SelectionMode::Direct),
+                    ModeCaption(SelectionMode::ConstraintCard), "Zoom", "Sposta"},
+                   f.SottoFunAttiva.caption);
     QRect frame0 = TwipsToPixels(f.Frame2[0], tpp);
     frame0.setWidth(std::max(frame0.width(), functionText + 4 * kPad));
     QRect frame1 = TwipsToPixels(f.Frame2[1], tpp);
@@ -280,16 +278,16 @@ void MainWindow::SyncStatusRow() {
         {caption, label6},
         {readout, labCoord},
         // The verdict in what the coordinate frame leaves free before its caption.
-        {Widget("Esito"), QRect(coord.left() + kPad, label6.top(),
-                                std::max(0, label6.left() - kGap - coord.left() - kPad),
-                                label6.height())}};
+        {Widget("Esito"),
+         QRect(coord.left() + kPad, label6.top(),
+               std::max(0, label6.left() - kGap - coord.left() - kPad), label6.height())}};
     for (const auto &[widget, place] : places)
         widget->setGeometry(place);
     if (keepStatusRowWhole_) {
         // The narrowest window still shows a read-out of the largest coordinates and name.
         const int widest = WidestText(readout, {"-99999, -99999, -99999 [N20001]"}, "");
-        const int minimum = frame1.right() + 2 * kGap + 2 * kPad + label6.width() + widest +
-                            (width() - right);
+        const int minimum =
+            frame1.right() + 2 * kGap + 2 * kPad + label6.width() + widest + (width() - right);
         if (minimumWidth() != minimum)
             setMinimumWidth(minimum);
     }
@@ -369,8 +367,8 @@ void MainWindow::DisegnoWheel(int steps, QPointF at, Qt::KeyboardModifiers modif
 
 void MainWindow::DisegnoKey(QKeyEvent *event) {
     static const std::pair<int, Key> keys[] = {
-        {Qt::Key_Left, Key::Left},     {Qt::Key_Right, Key::Right},       {Qt::Key_Up, Key::Up},
-        {Qt::Key_Down, Key::Down},     {Qt::Key_PageUp, Key::PageUp},     {Qt::Key_PageDown, Key::PageDown},
+        {Qt::Key_Left, Key::Left}, {Qt::Key_Right, Key::Right},   {Qt::Key_Up, Key::Up},
+        {Qt::Key_Down, Key::Down}, {Qt::Key_PageUp, Key::PageUp}, {Qt::Key_PageDown, Key::PageDown},
         {Qt::Key_Home, Key::Home}};
     for (const auto &[qtKey, key] : keys)
         if (event->key() == qtKey && event->modifiers() == Qt::NoModifier) {

@@ -11,8 +11,8 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QLibraryInfo>
-#include <QMessageBox>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMetaObject>
 #include <QTranslator>
 

@@ -1,9 +1,9 @@
 // A drawing surface on screen: the cached picture, the overlays, and mouse and wheel events.
 #include "ui/qt/surface_widget.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QKeyEvent>
 #include <QWheelEvent>
 
 namespace vorna::qt {
@@ -43,8 +43,7 @@ void SurfaceWidget::paintEvent(QPaintEvent *) {
         p.drawEllipse(overlays_.hover->centre, overlays_.hover->radius, overlays_.hover->radius);
     if (overlays_.marker) {
         p.setPen(QPen(QColor(255, 200, 0), 2));
-        p.drawEllipse(overlays_.marker->centre, overlays_.marker->radius,
-                      overlays_.marker->radius);
+        p.drawEllipse(overlays_.marker->centre, overlays_.marker->radius, overlays_.marker->radius);
     }
 }
 
