@@ -73,8 +73,11 @@ QtCanvas::QtCanvas(QSize pixels, QColor background, QWidget *target)
 }
 
 QPainter &QtCanvas::Painter() {
-    if (!painter_.isActive())
+    if (!painter_.isActive()) {
         painter_.begin(&image_);
+        // Runs are in device pixels already.
+        painter_.scale(1 / image_.devicePixelRatio(), 1 / image_.devicePixelRatio());
+    }
     return painter_;
 }
 
@@ -90,16 +93,17 @@ const QImage &QtCanvas::Image() {
     return image_;
 }
 
-void QtCanvas::Resize(QSize pixels) {
-    if (pixels == PixelSize())
+void QtCanvas::Resize(QSize pixels, double ratio) {
+    if (pixels == PixelSize() && ratio == DeviceRatio())
         return;
     Flush();
     Finish();
-    QImage resized(pixels.expandedTo({1, 1}), QImage::Format_RGB32);
+    SetPixelSize(pixels, ratio);
+    QImage resized(DeviceSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    resized.setDevicePixelRatio(DeviceRatio());
     resized.fill(background_);
     QPainter(&resized).drawImage(0, 0, image_);
     image_ = std::move(resized);
-    SetPixelSize(pixels);
 }
 
 void QtCanvas::Erase() {

@@ -27,8 +27,9 @@ public:
     const QImage &Image();
     // Something was drawn that the screen does not show yet.
     bool NeedsShowing() const { return changed_ || Pending(); }
-    // Keeps the picture where it is; new area is background.
-    void Resize(QSize pixels);
+    // Keeps the picture where it is; new area is background. The image has the ratio's device
+    // pixels.
+    void Resize(QSize pixels, double ratio = 1);
 
 protected:
     void Paint(const PaintRun &run) override;

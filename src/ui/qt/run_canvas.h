@@ -55,8 +55,10 @@ struct PaintRun {
 };
 
 // Maps the user scale onto a pixel grid, drops what cannot be seen (or is not a number) and
-// hands each finished run to Paint. Painting order is kept: a run ends as soon as the next
-// primitive needs another pen, or when it has grown long enough that holding more would only
+// hands each finished run to Paint. The core sees logical pixels and twips; runs are in device
+// pixels (logical times the device pixel ratio), so a screen at a scale of 2 gets lines one
+// device pixel wide rather than doubled ones. Painting order is kept: a run ends as soon as the
+// next primitive needs another pen, or when it has grown long enough that holding more would only
 // cost memory (every label of a large model is millions of strokes of one pen).
 class RunCanvas : public Canvas {
 public:
@@ -81,16 +83,19 @@ public:
     bool HoldShape(const ShapeName &name, std::span<const double> strokes) override;
 
     QSize PixelSize() const { return pixels_; }
+    double DeviceRatio() const { return ratio_; }
+    // The grid the runs are painted on.
+    QSize DeviceSize() const { return device_; }
     void SetDpi(double dpiX, double dpiY);
-    // Pixel position of a point in drawing units, and back.
+    // Logical pixel position of a point in drawing units, and back.
     QPointF ToPixel(double x, double y) const;
     QPointF ToUnits(QPointF pixel) const;
 
 protected:
     // Primitives wait in the pending run.
     bool Pending() const { return !run_.Empty(); }
-    // The grid changes size; the pending run is painted first.
-    void SetPixelSize(QSize pixels);
+    // The grid changes size or ratio; the pending run is painted first.
+    void SetPixelSize(QSize pixels, double ratio = 1);
     // Paints the pending run now.
     void Flush();
     // The pixels of a held shape, as offsets from its origin's pixel.
@@ -106,6 +111,9 @@ private:
     PaintRun &RunFor(PaintRun::Kind kind, Rgb colour, double radius);
     void Round(PaintRun::Kind kind, double x, double y, double radius, Rgb colour);
     double RadiusToPixels(double radius) const;
+    QPointF ToDevice(double x, double y) const { return ToPixel(x, y) * ratio_; }
+    // A one-pixel pen stays a hairline at any ratio; wider ones grow with it.
+    int DeviceWidth() const;
     // Held shapes are rasterised for one grid and pen width; another one drops them.
     bool ShapesFitGrid() const;
     void ForgetShapes();
@@ -131,6 +139,8 @@ private:
     };
 
     QSize pixels_;
+    double ratio_ = 1;
+    QSize device_;
     double dpiX_, dpiY_;
     ScaleRect scale_;
     int lineWidth_ = 1;
