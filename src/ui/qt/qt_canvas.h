@@ -1,6 +1,6 @@
 // A drawing surface painted into a cached image: lines are rasterised straight into the
-// image's pixels, circles are stamped from pixel masks made once per pen and radius, glyphs from
-// the masks of the shapes held.
+// image's pixels with smoothed edges, circles are stamped from coverage masks made once per pen
+// and radius, glyphs from the masks of the shapes held.
 #pragma once
 
 #include "ui/qt/run_canvas.h"
@@ -39,7 +39,7 @@ protected:
 private:
     QPainter &Painter();
     void Finish();
-    const std::vector<QPoint> &Stamp(const PaintRun &run);
+    const std::vector<CoveredPixel> &Stamp(const PaintRun &run);
     void PaintLines(const PaintRun &run);
     void PaintStamps(const PaintRun &run);
     void PaintShapes(const PaintRun &run);
@@ -50,7 +50,7 @@ private:
     QPainter painter_;
     bool changed_ = false;
     // The pixels of a circle of each pen and radius, as offsets from its centre pixel.
-    std::unordered_map<std::uint64_t, std::vector<QPoint>> stamps_;
+    std::unordered_map<std::uint64_t, std::vector<CoveredPixel>> stamps_;
 };
 
 } // namespace vorna::qt

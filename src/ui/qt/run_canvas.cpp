@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
+#include <tuple>
 
 namespace vorna::qt {
 
@@ -255,17 +256,22 @@ bool RunCanvas::HoldShape(const ShapeName &name, std::span<const double> strokes
         for (double e : ends)
             if (!(std::abs(e) <= kLargestShape))
                 return false;
-        RasterLine(static_cast<int>(std::lround(ends[0])), static_cast<int>(std::lround(ends[1])),
-                   static_cast<int>(std::lround(ends[2])), static_cast<int>(std::lround(ends[3])),
-                   DeviceWidth(), [&shape](int px, int py) { shape.pixels.emplace_back(px, py); });
+        SmoothLine(ends[0], ends[1], ends[2], ends[3], DeviceWidth(),
+                   [&shape](int px, int py, int cover) {
+                       shape.pixels.push_back({QPoint(px, py), cover});
+                   });
     }
-    auto before = [](QPoint a, QPoint b) {
-        return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x());
+    // Strokes that cross keep the larger cover of a pixel.
+    auto before = [](const CoveredPixel &a, const CoveredPixel &b) {
+        return std::tuple(a.at.y(), a.at.x(), b.cover) < std::tuple(b.at.y(), b.at.x(), a.cover);
     };
     std::sort(shape.pixels.begin(), shape.pixels.end(), before);
-    shape.pixels.erase(std::unique(shape.pixels.begin(), shape.pixels.end()), shape.pixels.end());
-    for (QPoint p : shape.pixels)
-        shape.reach = std::max({shape.reach, std::abs(p.x()), std::abs(p.y())});
+    shape.pixels.erase(
+        std::unique(shape.pixels.begin(), shape.pixels.end(),
+                    [](const CoveredPixel &a, const CoveredPixel &b) { return a.at == b.at; }),
+        shape.pixels.end());
+    for (const CoveredPixel &p : shape.pixels)
+        shape.reach = std::max({shape.reach, std::abs(p.at.x()), std::abs(p.at.y())});
     ShapeSlot &slot = SlotOf(name);
     slot.name = name;
     slot.shape = static_cast<int>(shapes_.size());
