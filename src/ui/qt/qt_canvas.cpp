@@ -34,10 +34,11 @@ struct Pixels {
     qsizetype stride;
     int width;
     int height;
-    static Pixels Of(QImage &image) {
+    QRgb background;
+    static Pixels Of(QImage &image, QColor background) {
         return {reinterpret_cast<QRgb *>(image.bits()),
                 image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image.width(),
-                image.height()};
+                image.height(), background.rgb()};
     }
     // The pen's colour over the pixel, as much as it covers it (out of 256).
     void Blend(int x, int y, QRgb rgb, int cover) const {
@@ -46,16 +47,16 @@ struct Pixels {
             static_cast<unsigned>(y) >= static_cast<unsigned>(height))
             return;
         // Three levels: a pixel under a quarter covered is left, one over three quarters taken,
-        // the rest mixed half and half. A large model's redraw blends millions of pixels, and
-        // this keeps half of them to a plain write at a cost the eye does not see in thin lines.
+        // the rest half the pen on the background. A large model's redraw blends millions of
+        // pixels, and this keeps half of them to a plain write at a cost the eye does not see in
+        // thin lines. A half pixel over something drawn already takes the pen whole, as before
+        // smoothing: mixed with an earlier line beneath, a line drawn over it would look dashed.
         if (cover < 64)
             return;
         QRgb &d = bits[y * stride + x];
-        if (cover >= 192) {
-            d = rgb;
-            return;
-        }
-        d = 0xFF000000u | (((rgb >> 1) & 0x7F7F7Fu) + ((d >> 1) & 0x7F7F7Fu));
+        const QRgb half =
+            0xFF000000u | (((rgb >> 1) & 0x7F7F7Fu) + ((background >> 1) & 0x7F7F7Fu));
+        d = cover >= 192 || d != background ? rgb : half;
     }
 };
 
@@ -155,14 +156,14 @@ const std::vector<CoveredPixel> &QtCanvas::Stamp(const PaintRun &run) {
 
 void QtCanvas::PaintLines(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
+    const Pixels px = Pixels::Of(image_, background_);
     for (const QLineF &line : run.lines)
         WideLine(px, line, std::max(1, run.width), rgb);
 }
 
 void QtCanvas::PaintStamps(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
+    const Pixels px = Pixels::Of(image_, background_);
     const std::vector<CoveredPixel> &mask = Stamp(run);
     for (const QPointF &c : run.centres) {
         const int cx = static_cast<int>(std::lround(c.x())),
@@ -174,7 +175,7 @@ void QtCanvas::PaintStamps(const PaintRun &run) {
 
 void QtCanvas::PaintShapes(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
+    const Pixels px = Pixels::Of(image_, background_);
     for (const PixelStamp &s : run.stamps)
         for (const CoveredPixel &d : ShapePixels(s.shape))
             px.Blend(s.at.x() + d.at.x(), s.at.y() + d.at.y(), rgb, d.cover);
