@@ -24,6 +24,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace vorna::qt {
 namespace {
 
@@ -338,6 +340,52 @@ TEST(WindowUse, WhyNotMarksTheFailingCellAndANearMissCentresTheView) {
     EXPECT_EQ(esito->toolTip(), QString::fromUtf8("Nodo 17 non analogo: asta base 3, direzione "
                                                   "diversa di 90.0\u00b0"));
     EXPECT_TRUE(w.InClient(w.Widget("FrameCoord")).contains(w.InClient(esito)));
+}
+
+// Run once more with QT_SCALE_FACTOR=2 (a test of its own): the picture then has twice the
+// pixels each way, while the program keeps seeing the window's logical size.
+TEST(WindowUse, ThePictureHasTheScreensPixelsAndHairlinesStayOneDevicePixel) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    auto *disegno = static_cast<SurfaceWidget *>(w.Disegno());
+    const double ratio = disegno->devicePixelRatioF();
+    if (const char *scale = std::getenv("QT_SCALE_FACTOR")) {
+        ASSERT_DOUBLE_EQ(ratio, std::atof(scale)) << "the platform ignored the screen scale";
+    }
+    QtCanvas &canvas = disegno->Canvas();
+    const QImage shown = canvas.Image();
+    EXPECT_EQ(shown.size(), disegno->size() * ratio);
+    EXPECT_DOUBLE_EQ(shown.devicePixelRatio(), ratio);
+    EXPECT_EQ(canvas.PixelSize(), disegno->size());
+    EXPECT_DOUBLE_EQ(canvas.WidthTwips(), disegno->width() * canvas.TwipsPerPixelX());
+
+    // One unit a logical pixel, y down; each line on a pixel row.
+    canvas.SetScale(
+        {0, 0, static_cast<double>(disegno->width()), static_cast<double>(disegno->height())});
+    canvas.Clear();
+    canvas.Line(10, 20, 200, 20, Pen{0xFFFFFF});
+    canvas.SetLineWidth(3);
+    canvas.Line(10, 60, 200, 60, Pen{0xFFFFFF});
+    canvas.SetLineWidth(1);
+    canvas.FilledCircle(300, 100, 10, 0xFFFFFF);
+    canvas.Refresh();
+    const QImage image = canvas.Image();
+    // How many pixels' worth of pen a column crosses: smoothed edges count by their share.
+    auto litRows = [&](double x, double fromY, double toY) {
+        double lit = 0;
+        const int column = static_cast<int>(x * ratio);
+        for (int y = static_cast<int>(fromY * ratio); y < static_cast<int>(toY * ratio); ++y)
+            lit += qRed(image.pixel(column, y)) / 255.0;
+        return lit;
+    };
+    EXPECT_NEAR(litRows(100, 10, 30), 1, 0.05) << "a hairline is one device pixel at any scale";
+    EXPECT_NEAR(litRows(100, 50, 70), 3 * ratio, 0.05) << "a wide pen grows with it";
+    EXPECT_NEAR(litRows(300, 80, 120), 20 * ratio + 1, 1) << "so does a circle";
+    // What the window shows is that picture, at the screen's pixels.
+    const QImage grabbed = disegno->grab().toImage();
+    EXPECT_EQ(grabbed.size(), image.size());
+    EXPECT_EQ(grabbed.pixel(static_cast<int>(100 * ratio), static_cast<int>(20 * ratio)),
+              qRgb(255, 255, 255));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // A drawing surface painted into a cached image: lines are rasterised straight into the
-// image's pixels, circles are stamped from pixel masks made once per pen and radius, glyphs from
-// the masks of the shapes held.
+// image's pixels with smoothed edges, circles are stamped from coverage masks made once per pen
+// and radius, glyphs from the masks of the shapes held.
 #include "ui/qt/qt_canvas.h"
 
 #include <QWidget>
@@ -34,24 +34,38 @@ struct Pixels {
     qsizetype stride;
     int width;
     int height;
-    static Pixels Of(QImage &image) {
+    QRgb background;
+    static Pixels Of(QImage &image, QColor background) {
         return {reinterpret_cast<QRgb *>(image.bits()),
                 image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image.width(),
-                image.height()};
+                image.height(), background.rgb()};
     }
-    void Set(int x, int y, QRgb rgb) const {
+    // The pen's colour over the pixel, as much as it covers it (out of 256).
+    void Blend(int x, int y, QRgb rgb, int cover) const {
         // Clipping leaves a few pixels of margin; those are not in the image.
-        if (static_cast<unsigned>(x) < static_cast<unsigned>(width) &&
-            static_cast<unsigned>(y) < static_cast<unsigned>(height))
-            bits[y * stride + x] = rgb;
+        if (static_cast<unsigned>(x) >= static_cast<unsigned>(width) ||
+            static_cast<unsigned>(y) >= static_cast<unsigned>(height))
+            return;
+        // Three levels: a pixel under a quarter covered is left, one over three quarters taken,
+        // the rest half the pen on the background. A large model's redraw blends millions of
+        // pixels, and this keeps half of them to a plain write at a cost the eye does not see in
+        // thin lines. A half pixel over something drawn already takes the pen whole, as before
+        // smoothing: mixed with an earlier line beneath, a line drawn over it would look dashed.
+        if (cover < 64)
+            return;
+        QRgb &d = bits[y * stride + x];
+        const QRgb half =
+            0xFF000000u | (((rgb >> 1) & 0x7F7F7Fu) + ((background >> 1) & 0x7F7F7Fu));
+        d = cover >= 192 || d != background ? rgb : half;
     }
 };
 
-// A line of the pen's width, its ends rounded to pixel centres.
+// A line of the pen's width, its edges blended into what lies beneath.
 void WideLine(const Pixels &px, const QLineF &line, int width, QRgb rgb) {
-    RasterLine(static_cast<int>(std::lround(line.x1())), static_cast<int>(std::lround(line.y1())),
-               static_cast<int>(std::lround(line.x2())), static_cast<int>(std::lround(line.y2())),
-               width, [&](int x, int y) { px.Set(x, y, rgb); });
+    // Captured by value: a pixel store could otherwise alias the image's sizes and force them to
+    // be read again at every pixel.
+    SmoothLine(line.x1(), line.y1(), line.x2(), line.y2(), width,
+               [px, rgb](int x, int y, int cover) { px.Blend(x, y, rgb, cover); });
 }
 
 // Half the side of a stamp: the circle, half its line width and a pixel of smoothing.
@@ -73,8 +87,12 @@ QtCanvas::QtCanvas(QSize pixels, QColor background, QWidget *target)
 }
 
 QPainter &QtCanvas::Painter() {
-    if (!painter_.isActive())
+    if (!painter_.isActive()) {
         painter_.begin(&image_);
+        painter_.setRenderHint(QPainter::Antialiasing);
+        // Runs are in device pixels already.
+        painter_.scale(1 / image_.devicePixelRatio(), 1 / image_.devicePixelRatio());
+    }
     return painter_;
 }
 
@@ -90,16 +108,17 @@ const QImage &QtCanvas::Image() {
     return image_;
 }
 
-void QtCanvas::Resize(QSize pixels) {
-    if (pixels == PixelSize())
+void QtCanvas::Resize(QSize pixels, double ratio) {
+    if (pixels == PixelSize() && ratio == DeviceRatio())
         return;
     Flush();
     Finish();
-    QImage resized(pixels.expandedTo({1, 1}), QImage::Format_RGB32);
+    SetPixelSize(pixels, ratio);
+    QImage resized(DeviceSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    resized.setDevicePixelRatio(DeviceRatio());
     resized.fill(background_);
     QPainter(&resized).drawImage(0, 0, image_);
     image_ = std::move(resized);
-    SetPixelSize(pixels);
 }
 
 void QtCanvas::Erase() {
@@ -114,48 +133,52 @@ void QtCanvas::Show() {
         target_->update();
 }
 
-const std::vector<QPoint> &QtCanvas::Stamp(const PaintRun &run) {
+const std::vector<CoveredPixel> &QtCanvas::Stamp(const PaintRun &run) {
     if (stamps_.size() > 256)
         stamps_.clear();
     auto [it, added] = stamps_.try_emplace(StampKey(run));
     if (added) {
-        // The pixels whose centres lie on the pen's ring (or inside, for a disc).
+        // How much of each pixel the pen's ring (or the disc) covers, taking the pixel as a
+        // unit step across the ring at its distance from the centre.
         const int half = StampHalf(run);
-        const double inner = run.kind == PaintRun::Kind::Discs ? 0 : run.radius - run.width / 2.0;
+        const double inner = run.kind == PaintRun::Kind::Discs ? -1 : run.radius - run.width / 2.0;
         const double outer = run.radius + run.width / 2.0;
         for (int y = -half; y <= half; ++y)
-            for (int x = -half; x <= half; ++x)
-                if (const double d = std::hypot(x, y); d >= inner && d <= outer)
-                    it->second.emplace_back(x, y);
+            for (int x = -half; x <= half; ++x) {
+                const double d = std::hypot(x, y);
+                const double covered = std::min(outer, d + 0.5) - std::max(inner, d - 0.5);
+                if (const int cover = static_cast<int>(covered * 256 + 0.5); cover > 16)
+                    it->second.push_back({QPoint(x, y), std::min(cover, 256)});
+            }
     }
     return it->second;
 }
 
 void QtCanvas::PaintLines(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
+    const Pixels px = Pixels::Of(image_, background_);
     for (const QLineF &line : run.lines)
         WideLine(px, line, std::max(1, run.width), rgb);
 }
 
 void QtCanvas::PaintStamps(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
-    const std::vector<QPoint> &mask = Stamp(run);
+    const Pixels px = Pixels::Of(image_, background_);
+    const std::vector<CoveredPixel> &mask = Stamp(run);
     for (const QPointF &c : run.centres) {
         const int cx = static_cast<int>(std::lround(c.x())),
                   cy = static_cast<int>(std::lround(c.y()));
-        for (const QPoint &d : mask)
-            px.Set(cx + d.x(), cy + d.y(), rgb);
+        for (const CoveredPixel &d : mask)
+            px.Blend(cx + d.at.x(), cy + d.at.y(), rgb, d.cover);
     }
 }
 
 void QtCanvas::PaintShapes(const PaintRun &run) {
     const QRgb rgb = ColourOf(run.colour).rgb();
-    const Pixels px = Pixels::Of(image_);
+    const Pixels px = Pixels::Of(image_, background_);
     for (const PixelStamp &s : run.stamps)
-        for (const QPoint &d : ShapePixels(s.shape))
-            px.Set(s.at.x() + d.x(), s.at.y() + d.y(), rgb);
+        for (const CoveredPixel &d : ShapePixels(s.shape))
+            px.Blend(s.at.x() + d.at.x(), s.at.y() + d.at.y(), rgb, d.cover);
 }
 
 void QtCanvas::Paint(const PaintRun &run) {

@@ -1,6 +1,6 @@
 // A drawing surface painted into a cached image: lines are rasterised straight into the
-// image's pixels, circles are stamped from pixel masks made once per pen and radius, glyphs from
-// the masks of the shapes held.
+// image's pixels with smoothed edges, circles are stamped from coverage masks made once per pen
+// and radius, glyphs from the masks of the shapes held.
 #pragma once
 
 #include "ui/qt/run_canvas.h"
@@ -27,8 +27,9 @@ public:
     const QImage &Image();
     // Something was drawn that the screen does not show yet.
     bool NeedsShowing() const { return changed_ || Pending(); }
-    // Keeps the picture where it is; new area is background.
-    void Resize(QSize pixels);
+    // Keeps the picture where it is; new area is background. The image has the ratio's device
+    // pixels.
+    void Resize(QSize pixels, double ratio = 1);
 
 protected:
     void Paint(const PaintRun &run) override;
@@ -38,7 +39,7 @@ protected:
 private:
     QPainter &Painter();
     void Finish();
-    const std::vector<QPoint> &Stamp(const PaintRun &run);
+    const std::vector<CoveredPixel> &Stamp(const PaintRun &run);
     void PaintLines(const PaintRun &run);
     void PaintStamps(const PaintRun &run);
     void PaintShapes(const PaintRun &run);
@@ -49,7 +50,7 @@ private:
     QPainter painter_;
     bool changed_ = false;
     // The pixels of a circle of each pen and radius, as offsets from its centre pixel.
-    std::unordered_map<std::uint64_t, std::vector<QPoint>> stamps_;
+    std::unordered_map<std::uint64_t, std::vector<CoveredPixel>> stamps_;
 };
 
 } // namespace vorna::qt

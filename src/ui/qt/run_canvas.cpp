@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
+#include <tuple>
 
 namespace vorna::qt {
 
@@ -58,7 +59,7 @@ bool ClipSegment(QLineF &segment, double left, double top, double right, double 
 }
 
 RunCanvas::RunCanvas(QSize pixels, double dpiX, double dpiY)
-    : pixels_(pixels), dpiX_(dpiX > 0 ? dpiX : 96), dpiY_(dpiY > 0 ? dpiY : 96) {}
+    : pixels_(pixels), device_(pixels), dpiX_(dpiX > 0 ? dpiX : 96), dpiY_(dpiY > 0 ? dpiY : 96) {}
 
 void RunCanvas::SetDpi(double dpiX, double dpiY) {
     if (dpiX > 0)
@@ -67,9 +68,16 @@ void RunCanvas::SetDpi(double dpiX, double dpiY) {
         dpiY_ = dpiY;
 }
 
-void RunCanvas::SetPixelSize(QSize pixels) {
+void RunCanvas::SetPixelSize(QSize pixels, double ratio) {
     Flush();
     pixels_ = pixels;
+    ratio_ = ratio > 0 && std::isfinite(ratio) ? ratio : 1;
+    device_ = QSize(static_cast<int>(std::lround(pixels.width() * ratio_)),
+                    static_cast<int>(std::lround(pixels.height() * ratio_)));
+}
+
+int RunCanvas::DeviceWidth() const {
+    return lineWidth_ <= 1 ? 1 : std::max(1, static_cast<int>(std::lround(lineWidth_ * ratio_)));
 }
 
 QPointF RunCanvas::ToPixel(double x, double y) const {
@@ -84,7 +92,7 @@ QPointF RunCanvas::ToUnits(QPointF pixel) const {
 }
 
 double RunCanvas::RadiusToPixels(double radius) const {
-    return std::abs(radius / scale_.width * pixels_.width());
+    return std::abs(radius / scale_.width * pixels_.width()) * ratio_;
 }
 
 void RunCanvas::Clear() {
@@ -135,31 +143,32 @@ bool RunCanvas::ShowsText(double xMin, double yMin, double xMax, double yMax,
 }
 
 PaintRun &RunCanvas::RunFor(PaintRun::Kind kind, Rgb colour, double radius) {
-    if (run_.kind != kind || run_.colour != colour || run_.width != lineWidth_ ||
+    const int width = DeviceWidth();
+    if (run_.kind != kind || run_.colour != colour || run_.width != width ||
         run_.radius != radius || run_.Size() >= kLongestRun) {
         Flush();
         run_.kind = kind;
         run_.colour = colour;
-        run_.width = lineWidth_;
+        run_.width = width;
         run_.radius = radius;
     }
     return run_;
 }
 
 void RunCanvas::Line(double x1, double y1, double x2, double y2, const Pen &pen) {
-    QLineF segment(ToPixel(x1, y1), ToPixel(x2, y2));
-    const double margin = lineWidth_ + 2;
-    if (ClipSegment(segment, -margin, -margin, pixels_.width() + margin, pixels_.height() + margin))
+    QLineF segment(ToDevice(x1, y1), ToDevice(x2, y2));
+    const double margin = DeviceWidth() + 2;
+    if (ClipSegment(segment, -margin, -margin, device_.width() + margin, device_.height() + margin))
         RunFor(PaintRun::Kind::Lines, pen.rgb, 0).lines.push_back(segment);
 }
 
 void RunCanvas::Round(PaintRun::Kind kind, double x, double y, double radius, Rgb colour) {
-    const QPointF centre = ToPixel(x, y);
+    const QPointF centre = ToDevice(x, y);
     const double r = RadiusToPixels(radius);
-    const double reach = r + lineWidth_ + 2;
+    const double reach = r + DeviceWidth() + 2;
     if (!std::isfinite(centre.x()) || !std::isfinite(centre.y()) || !(r <= kLargestRadius) ||
-        centre.x() < -reach || centre.y() < -reach || centre.x() > pixels_.width() + reach ||
-        centre.y() > pixels_.height() + reach)
+        centre.x() < -reach || centre.y() < -reach || centre.x() > device_.width() + reach ||
+        centre.y() > device_.height() + reach)
         return;
     RunFor(kind, colour, r).centres.push_back(centre);
 }
@@ -170,7 +179,7 @@ void RunCanvas::Arc(double x, double y, double radius, const Pen &pen, double st
         Round(PaintRun::Kind::Circles, x, y, radius, pen.rgb);
         return;
     }
-    const QPointF centre = ToPixel(x, y);
+    const QPointF centre = ToDevice(x, y);
     const double r = RadiusToPixels(radius);
     double start = Degrees16(startAngle), span = Degrees16(endAngle) - start;
     if (!std::isfinite(centre.x()) || !std::isfinite(centre.y()) || !(r <= kLargestRadius) ||
@@ -200,7 +209,7 @@ RunCanvas::ShapeSlot &RunCanvas::SlotOf(const ShapeName &name) {
 }
 
 bool RunCanvas::ShapesFitGrid() const {
-    return shapeGrid_ == pixels_ && shapeWidth_ == lineWidth_ && shapeScale_.left == scale_.left &&
+    return shapeGrid_ == device_ && shapeWidth_ == lineWidth_ && shapeScale_.left == scale_.left &&
            shapeScale_.top == scale_.top && shapeScale_.width == scale_.width &&
            shapeScale_.height == scale_.height;
 }
@@ -211,7 +220,7 @@ void RunCanvas::ForgetShapes() {
     if (!shapes_.empty())
         std::fill(shapeSlots_.begin(), shapeSlots_.end(), ShapeSlot{});
     shapes_.clear();
-    shapeGrid_ = pixels_;
+    shapeGrid_ = device_;
     shapeWidth_ = lineWidth_;
     shapeScale_ = scale_;
 }
@@ -225,10 +234,10 @@ bool RunCanvas::Stamp(const ShapeName &name, double x, double y, const Pen &pen)
     if (shape < 0)
         return false;
     const int reach = shapes_[static_cast<std::size_t>(shape)].reach;
-    const QPointF at = ToPixel(x, y);
+    const QPointF at = ToDevice(x, y);
     // Wholly outside (or nowhere): drawn, as far as anyone can see.
-    if (!(at.x() >= -reach && at.y() >= -reach && at.x() <= pixels_.width() + reach &&
-          at.y() <= pixels_.height() + reach))
+    if (!(at.x() >= -reach && at.y() >= -reach && at.x() <= device_.width() + reach &&
+          at.y() <= device_.height() + reach))
         return true;
     RunFor(PaintRun::Kind::Stamps, pen.rgb, 0)
         .stamps.push_back({shape, QPoint(static_cast<int>(std::lround(at.x())),
@@ -239,7 +248,7 @@ bool RunCanvas::Stamp(const ShapeName &name, double x, double y, const Pen &pen)
 bool RunCanvas::HoldShape(const ShapeName &name, std::span<const double> strokes) {
     if (!ShapesFitGrid() || shapes_.size() >= kMostShapes)
         ForgetShapes();
-    const double kx = pixels_.width() / scale_.width, ky = pixels_.height() / scale_.height;
+    const double kx = device_.width() / scale_.width, ky = device_.height() / scale_.height;
     HeldShape shape;
     for (std::size_t i = 0; i + 3 < strokes.size(); i += 4) {
         const double ends[4] = {strokes[i] * kx, strokes[i + 1] * ky, strokes[i + 2] * kx,
@@ -247,17 +256,22 @@ bool RunCanvas::HoldShape(const ShapeName &name, std::span<const double> strokes
         for (double e : ends)
             if (!(std::abs(e) <= kLargestShape))
                 return false;
-        RasterLine(static_cast<int>(std::lround(ends[0])), static_cast<int>(std::lround(ends[1])),
-                   static_cast<int>(std::lround(ends[2])), static_cast<int>(std::lround(ends[3])),
-                   lineWidth_, [&shape](int px, int py) { shape.pixels.emplace_back(px, py); });
+        SmoothLine(ends[0], ends[1], ends[2], ends[3], DeviceWidth(),
+                   [&shape](int px, int py, int cover) {
+                       shape.pixels.push_back({QPoint(px, py), cover});
+                   });
     }
-    auto before = [](QPoint a, QPoint b) {
-        return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x());
+    // Strokes that cross keep the larger cover of a pixel.
+    auto before = [](const CoveredPixel &a, const CoveredPixel &b) {
+        return std::tuple(a.at.y(), a.at.x(), b.cover) < std::tuple(b.at.y(), b.at.x(), a.cover);
     };
     std::sort(shape.pixels.begin(), shape.pixels.end(), before);
-    shape.pixels.erase(std::unique(shape.pixels.begin(), shape.pixels.end()), shape.pixels.end());
-    for (QPoint p : shape.pixels)
-        shape.reach = std::max({shape.reach, std::abs(p.x()), std::abs(p.y())});
+    shape.pixels.erase(
+        std::unique(shape.pixels.begin(), shape.pixels.end(),
+                    [](const CoveredPixel &a, const CoveredPixel &b) { return a.at == b.at; }),
+        shape.pixels.end());
+    for (const CoveredPixel &p : shape.pixels)
+        shape.reach = std::max({shape.reach, std::abs(p.at.x()), std::abs(p.at.y())});
     ShapeSlot &slot = SlotOf(name);
     slot.name = name;
     slot.shape = static_cast<int>(shapes_.size());

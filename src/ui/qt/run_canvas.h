@@ -9,6 +9,8 @@
 #include <QPointF>
 #include <QSize>
 
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <utility>
 #include <vector>
@@ -21,6 +23,13 @@ struct PixelArc {
     double radius = 0;
     int start16 = 0;
     int span16 = 0;
+};
+
+// A pixel of a mask and how much of it the pen covers, out of 256.
+struct CoveredPixel {
+    QPoint at;
+    int cover = 256;
+    bool operator==(const CoveredPixel &) const = default;
 };
 
 // A held shape stamped with its origin at a pixel.
@@ -55,8 +64,10 @@ struct PaintRun {
 };
 
 // Maps the user scale onto a pixel grid, drops what cannot be seen (or is not a number) and
-// hands each finished run to Paint. Painting order is kept: a run ends as soon as the next
-// primitive needs another pen, or when it has grown long enough that holding more would only
+// hands each finished run to Paint. The core sees logical pixels and twips; runs are in device
+// pixels (logical times the device pixel ratio), so a screen at a scale of 2 gets lines one
+// device pixel wide rather than doubled ones. Painting order is kept: a run ends as soon as the
+// next primitive needs another pen, or when it has grown long enough that holding more would only
 // cost memory (every label of a large model is millions of strokes of one pen).
 class RunCanvas : public Canvas {
 public:
@@ -81,20 +92,23 @@ public:
     bool HoldShape(const ShapeName &name, std::span<const double> strokes) override;
 
     QSize PixelSize() const { return pixels_; }
+    double DeviceRatio() const { return ratio_; }
+    // The grid the runs are painted on.
+    QSize DeviceSize() const { return device_; }
     void SetDpi(double dpiX, double dpiY);
-    // Pixel position of a point in drawing units, and back.
+    // Logical pixel position of a point in drawing units, and back.
     QPointF ToPixel(double x, double y) const;
     QPointF ToUnits(QPointF pixel) const;
 
 protected:
     // Primitives wait in the pending run.
     bool Pending() const { return !run_.Empty(); }
-    // The grid changes size; the pending run is painted first.
-    void SetPixelSize(QSize pixels);
+    // The grid changes size or ratio; the pending run is painted first.
+    void SetPixelSize(QSize pixels, double ratio = 1);
     // Paints the pending run now.
     void Flush();
     // The pixels of a held shape, as offsets from its origin's pixel.
-    const std::vector<QPoint> &ShapePixels(int shape) const {
+    const std::vector<CoveredPixel> &ShapePixels(int shape) const {
         return shapes_[static_cast<std::size_t>(shape)].pixels;
     }
     virtual void Paint(const PaintRun &run) = 0;
@@ -106,12 +120,15 @@ private:
     PaintRun &RunFor(PaintRun::Kind kind, Rgb colour, double radius);
     void Round(PaintRun::Kind kind, double x, double y, double radius, Rgb colour);
     double RadiusToPixels(double radius) const;
+    QPointF ToDevice(double x, double y) const { return ToPixel(x, y) * ratio_; }
+    // A one-pixel pen stays a hairline at any ratio; wider ones grow with it.
+    int DeviceWidth() const;
     // Held shapes are rasterised for one grid and pen width; another one drops them.
     bool ShapesFitGrid() const;
     void ForgetShapes();
 
     struct HeldShape {
-        std::vector<QPoint> pixels;
+        std::vector<CoveredPixel> pixels;
         int reach = 0; // the farthest pixel from the origin, along x or y
     };
     // Open addressing over a table twice the most shapes held: a glyph is looked up for every
@@ -131,6 +148,8 @@ private:
     };
 
     QSize pixels_;
+    double ratio_ = 1;
+    QSize device_;
     double dpiX_, dpiY_;
     ScaleRect scale_;
     int lineWidth_ = 1;
@@ -143,35 +162,45 @@ private:
     mutable TextWindow textWindow_;
 };
 
-// The pixels of a line between two pixel centres (Bresenham), always walked from the same end so
-// that a line drawn over another covers it pixel for pixel; a wider pen lays parallel lines side
-// by side across the run.
-template <typename Plot> void RasterLine(int x, int y, int x2, int y2, int width, Plot plot) {
-    if (x > x2 || (x == x2 && y > y2)) {
-        std::swap(x, x2);
-        std::swap(y, y2);
+// The pixels of a line between two points, each with how much of it the pen covers (out of 256):
+// one pixel per step along the line, the pen's width across it, the two edges blended (Wu's
+// antialiasing, widened to any width). Always walked from the same end so that a line drawn over
+// another covers it pixel for pixel.
+template <typename Plot>
+void SmoothLine(double x1, double y1, double x2, double y2, int width, Plot plot) {
+    const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
+    if (!flat) {
+        std::swap(x1, y1);
+        std::swap(x2, y2);
     }
-    const bool flat = std::abs(x2 - x) >= std::abs(y2 - y);
-    const int dx = std::abs(x2 - x), sx = x < x2 ? 1 : -1;
-    const int dy = -std::abs(y2 - y), sy = y < y2 ? 1 : -1;
-    for (int k = -(width - 1) / 2; k <= width / 2; ++k) {
-        int px = flat ? x : x + k, py = flat ? y + k : y;
-        int err = dx + dy;
-        for (;;) {
-            plot(px, py);
-            if (px == (flat ? x2 : x2 + k) && py == (flat ? y2 + k : y2))
-                break;
-            const int e2 = 2 * err;
-            if (e2 >= dy) {
-                err += dy;
-                px += sx;
-            }
-            if (e2 <= dx) {
-                err += dx;
-                py += sy;
-            }
+    if (x1 > x2 || (x1 == x2 && y1 > y2)) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+    const double slope = x2 > x1 ? (y2 - y1) / (x2 - x1) : 0;
+    // Clipped ends are well inside int; the casts spare a call to the maths library per line.
+    const auto first = static_cast<int>(x1 + 0.5 + (x1 + 0.5 < 0 ? -1 : 0));
+    const auto last = static_cast<int>(x2 + 0.5 + (x2 + 0.5 < 0 ? -1 : 0));
+    // Pixel j spans [j, j + 1) across the line and the pen [low, low + width), low in 1/65536ths
+    // of a pixel: a large model has millions of these steps, and whole numbers keep them cheap.
+    constexpr double kOne = 65536;
+    auto low = static_cast<std::int64_t>((y1 + 0.5 - width / 2.0 + (first - x1) * slope) * kOne);
+    const auto step = static_cast<std::int64_t>(slope * kOne);
+    auto walk = [&](auto put) {
+        for (int i = first; i <= last; ++i, low += step) {
+            const auto j0 = static_cast<int>(low >> 16);
+            const auto part = static_cast<int>((low & 0xFFFF) >> 8); // of j0 left uncovered
+            put(i, j0, 256 - part);
+            for (int j = j0 + 1; j < j0 + width; ++j)
+                put(i, j, 256);
+            if (part > 0)
+                put(i, j0 + width, part);
         }
-    }
+    };
+    if (flat)
+        walk([plot](int i, int j, int cover) { plot(i, j, cover); });
+    else
+        walk([plot](int i, int j, int cover) { plot(j, i, cover); });
 }
 
 // Clips a pixel segment to a rectangle (Liang-Barsky); false when nothing of it is inside.

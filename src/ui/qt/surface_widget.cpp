@@ -29,10 +29,17 @@ void SurfaceWidget::SetOverlays(const Overlays &overlays) {
 }
 
 void SurfaceWidget::paintEvent(QPaintEvent *) {
+    // Moved to a screen of another scale: the picture takes its pixels (the old one stretched
+    // until the next redraw).
+    if (devicePixelRatioF() != canvas_.DeviceRatio())
+        canvas_.Resize(size(), devicePixelRatioF());
     QPainter p(this);
     p.drawImage(0, 0, canvas_.Image());
-    // Overlays live above the picture, so moving them never repaints the model.
-    p.setPen(QPen(Qt::white, 1));
+    // Overlays live above the picture, so moving them never repaints the model. A hairline stays
+    // one device pixel at any screen scale, like the picture's.
+    QPen hairline(Qt::white, 1);
+    hairline.setCosmetic(true);
+    p.setPen(hairline);
     p.setBrush(Qt::NoBrush);
     if (overlays_.band)
         p.drawRect(*overlays_.band);
@@ -49,7 +56,7 @@ void SurfaceWidget::paintEvent(QPaintEvent *) {
 
 void SurfaceWidget::resizeEvent(QResizeEvent *) {
     canvas_.SetDpi(logicalDpiX(), logicalDpiY());
-    canvas_.Resize(size());
+    canvas_.Resize(size(), devicePixelRatioF());
 }
 
 void SurfaceWidget::mousePressEvent(QMouseEvent *event) {
