@@ -37,10 +37,18 @@ std::string CommandLine(const std::vector<std::string> &arguments, std::size_t f
 
 #ifdef VORNA_WITH_QT
 
-// Scripts run unattended: without a display the window is drawn off screen.
+// Scripts run unattended: without a display the window is drawn off screen. On Windows a script
+// never shows the window; off screen, Qt takes its fonts from the system's folder.
 void UseOffscreenWithoutDisplay() {
+#ifdef _WIN32
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_FONTDIR") && qEnvironmentVariableIsSet("WINDIR"))
+        qputenv("QT_QPA_FONTDIR", qgetenv("WINDIR") + "\\Fonts");
+#else
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY"))
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
+#endif
 }
 
 int RunScriptInWindow(int argc, char **argv, const std::vector<std::string> &arguments) {

@@ -2,8 +2,9 @@
 //
 // The program under test is the one built beside the tests (`vorna --script`, or vorna-batch
 // without the window), unless the environment names another:
-//   VORNA_E2E_PROGRAM  a vorna-batch, for Linux or for Windows (a name ending in ".exe");
-//   VORNA_E2E_WRAPPER  the command that runs it, such as "wine".
+//   VORNA_E2E_PROGRAM  a vorna or vorna-batch, for Linux or for Windows (a name ending in ".exe");
+//   VORNA_E2E_WRAPPER  the command that runs it, such as "wine";
+//   VORNA_E2E_WINDOW   "1" when that program is a vorna with the window (vorna.exe).
 // A Windows program runs under Wine, which shows this machine's "/" as drive Z:; it gets its
 // folders and files as "Z:\..." names, as the suite on Windows gives them. Tests that need the
 // window (pictures of it) ask ProgramHasWindow().
@@ -57,6 +58,8 @@ inline const ProgramUnderTest &Program() {
         p.command = (wrapper != nullptr && *wrapper != '\0' ? std::string(wrapper) + " " : "") +
                     ShellQuoted(name);
         p.windowsNames = name.ends_with(".exe");
+        const char *window = std::getenv("VORNA_E2E_WINDOW");
+        p.window = window != nullptr && std::string(window) == "1";
         return p;
     }();
     return program;

@@ -41,6 +41,15 @@ std::vector<std::string> ProgramArguments(int, char **) {
 }
 
 void UseBinaryStandardOutput() {
+    // A window program started from a console has no standard handles; one started with its
+    // output redirected (a pipe, a file) has them and keeps them.
+    const HANDLE out = GetStdHandle(STD_OUTPUT_HANDLE);
+    if ((out == nullptr || out == INVALID_HANDLE_VALUE) && AttachConsole(ATTACH_PARENT_PROCESS)) {
+        if (std::freopen("CONOUT$", "w", stdout) == nullptr)
+            return;
+        if (std::freopen("CONOUT$", "w", stderr) == nullptr)
+            return;
+    }
     std::fflush(stdout);
     _setmode(_fileno(stdout), _O_BINARY);
 }

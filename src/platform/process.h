@@ -11,6 +11,8 @@ namespace vorna {
 std::vector<std::string> ProgramArguments(int argc, char **argv);
 
 // The script runner's lines leave as written: Windows' text mode would turn each "\n" into CR LF.
+// A Windows program without a console of its own (the window) whose output is not redirected
+// writes to the console of the program that started it, when there is one.
 void UseBinaryStandardOutput();
 
 } // namespace vorna
