@@ -134,9 +134,9 @@ TEST(RunCanvas, HeldShapesAreStampedUntilTheGridChanges) {
     EXPECT_EQ(c.runs[0].stamps[0].at, QPoint(10, 90));
     EXPECT_EQ(c.runs[0].stamps[1].at, QPoint(20, 90));
     // Half way between two rows the stroke covers each by half; the point at its end adds nothing.
-    EXPECT_EQ(c.ShapePixels(c.runs[0].stamps[0].shape),
-              (std::vector<CoveredPixel>{{{1, -1}, 128}, {{2, -1}, 256}, {{0, 0}, 256},
-                                         {{1, 0}, 128}}));
+    EXPECT_EQ(
+        c.ShapePixels(c.runs[0].stamps[0].shape),
+        (std::vector<CoveredPixel>{{{1, -1}, 128}, {{2, -1}, 256}, {{0, 0}, 256}, {{1, 0}, 128}}));
 
     c.SetScale({0, 10, 40, -20}); // another grid: the shape must be given again
     EXPECT_FALSE(c.Stamp(name, 1, 1, Pen{kRed}));
