@@ -85,7 +85,6 @@ void LeftPress(Program &p, double x, double y) {
 constexpr double kDragPixels = 4;
 constexpr double kOrbitDegreesPerPixel = 0.5;
 constexpr double kKeyTurnDegrees = 15;
-constexpr int kShiftMask = 1;
 
 // An angle in its box: whole degrees as whole numbers, otherwise one decimal.
 void SetAngle(Program &p, int k, double degrees) {

@@ -19,11 +19,11 @@ constexpr const char *kMark = "\xBB "; // the failing cell
 
 std::span<const ControlRow<FormPercheNo>> FormPercheNoRows() {
     using Form = FormPercheNo;
-    static constexpr ControlRow<Form> rows[] = {
+    static constexpr ControlRow<Form> kRows[] = {
 #define VORNA_CONTROL VORNA_CONTROL_ROW
 #include "app/why_not_controls.h"
     };
-    return rows;
+    return kRows;
 }
 
 int BarName(const StructureModel &m, int bar) {

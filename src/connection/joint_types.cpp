@@ -63,13 +63,13 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
 }
 
 std::uint32_t JointTypeColour(int k) {
-    static constexpr std::uint8_t palette[kJointTypeColours][3] = {
+    static constexpr std::uint8_t kPalette[kJointTypeColours][3] = {
         {128, 0, 0},     {170, 110, 40},  {128, 128, 0},   {0, 128, 128},
         {145, 30, 180},  {250, 190, 212}, {210, 245, 60},  {220, 190, 255},
         {255, 215, 180}, {170, 255, 195}, {128, 128, 128}, {60, 100, 170}};
     if (k < 1 || k > kJointTypeColours)
         return 0;
-    const std::uint8_t *c = palette[k - 1];
+    const std::uint8_t *c = kPalette[k - 1];
     return c[0] | (std::uint32_t{c[1]} << 8) | (std::uint32_t{c[2]} << 16);
 }
 

@@ -215,8 +215,7 @@ std::optional<RotationTry> FitFrom(Rotation r, const std::vector<Vec3> &base,
 // across it) onto two bars of the node.
 std::optional<RotationTry> BestRotation(const std::vector<Vec3> &base,
                                         const std::vector<std::optional<Vec3>> &bars) {
-    constexpr Rotation identity{Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}};
-    std::optional<RotationTry> best = FitFrom(identity, base, bars);
+    std::optional<RotationTry> best = FitFrom(kIdentity, base, bars);
     auto offer = [&](const std::optional<RotationTry> &t) {
         if (t && (!best || t->worst < best->worst))
             best = t;
