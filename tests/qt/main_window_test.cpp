@@ -7,6 +7,7 @@
 #include "ui/qt/main_window.h"
 #include "ui/qt/qt_script_host.h"
 #include "ui/qt/qt_ui.h"
+#include "window_support.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -39,13 +40,7 @@ struct WindowTest : testing::Test {
         window.Attach(*program, MainWindow::InitialSize::FromWindow);
     }
 
-    QWidget *Widget(const std::string &name) {
-        for (const Binding &b : window.Bindings())
-            if (b.name == name)
-                return b.widget;
-        ADD_FAILURE() << name << " has no widget";
-        return nullptr;
-    }
+    QWidget *Widget(const std::string &name) { return test::BoundWidget(window, name); }
     // A menu item or icon-bar button by its text or tooltip as shown.
     QAction *Action(const QString &shown) {
         for (QAction *a : window.findChildren<QAction *>())

@@ -8,6 +8,7 @@
 #include "ui/qt/qt_canvas.h"
 #include "ui/qt/qt_ui.h"
 #include "ui/qt/surface_widget.h"
+#include "window_support.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -48,13 +49,7 @@ struct DemoWindow {
         QApplication::setActiveWindow(&window);
     }
 
-    QWidget *Widget(const std::string &name) {
-        for (const Binding &b : window.Bindings())
-            if (b.name == name)
-                return b.widget;
-        ADD_FAILURE() << name << " has no widget";
-        return nullptr;
-    }
+    QWidget *Widget(const std::string &name) { return test::BoundWidget(window, name); }
     QWidget *Disegno() { return Widget("Disegno"); }
     QAction *Item(const char *name) {
         for (QAction *a : window.findChildren<QAction *>())
