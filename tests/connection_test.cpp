@@ -95,6 +95,15 @@ AnalogyParameters Params(AnalogyMethod method, bool lengths = true) {
 
 const std::vector<Vec3> kBeamColumn = {{-2, 0, 0}, {3, 0, 0}, {0, 0, -3}};
 
+// The test's verdict on two joints and, when analogous, the record it lists.
+std::optional<AnalogousNode> Matched(const StructureModel &m, const Joint &base,
+                                     const Joint &candidate, const AnalogyParameters &params) {
+    const Verdict v = CompareJoints(m, base, candidate, params);
+    if (!v.Analogous())
+        return std::nullopt;
+    return RecordOf(base, candidate, v, params);
+}
+
 TEST(BaseNode, NamedBarsAtTheProjectedNodeUpToAHundred) {
     Frame f;
     int p = f.Point(0, 0, 0);
@@ -353,6 +362,7 @@ TEST(AnyMatch, PairingAgainstEnumerationOnSmallJoints) {
     std::mt19937 rng(5);
     std::uniform_real_distribution<double> any(-1, 1);
     auto model = std::make_unique<StructureModel>();
+    model->nodeCount = 2; // the two joints' nodes
     auto bar = [&](int index) {
         JointBar b;
         b.bar = static_cast<std::int16_t>(index);
@@ -375,14 +385,14 @@ TEST(AnyMatch, PairingAgainstEnumerationOnSmallJoints) {
         for (int c = 0; c < m; ++c)
             candidate.bars.push_back(bar(10 + c));
         AnalogyParameters params = Params(AnalogyMethod::Any, Roll(rng, 2) == 1);
-        const AnalogyMatch match = MatchAnalogy(*model, base, candidate, params);
+        const std::optional<AnalogousNode> match = Matched(*model, base, candidate, params);
         const auto expected = AnyByEnumeration(base, candidate, params.compareLengths);
-        ASSERT_EQ(match.outcome == AnalogyOutcome::Analogous, expected.has_value());
+        ASSERT_EQ(match.has_value(), expected.has_value());
         if (!expected)
             continue;
         ++accepted;
         for (int k = 0; k < n; ++k)
-            ASSERT_EQ(match.record.bars[k], 10 + (*expected)[k]) << "round " << round;
+            ASSERT_EQ(match->bars[k], 10 + (*expected)[k]) << "round " << round;
     }
     EXPECT_GT(accepted, 150);
 }
@@ -391,6 +401,7 @@ TEST(AnyMatch, LargeJointsTakeTheAssignmentNotEnumeration) {
     // A hundred bars fanned out, the base the same fan turned a little: every bar finds its
     // own neighbour, in a time enumeration could never take.
     auto model = std::make_unique<StructureModel>();
+    model->nodeCount = 2;
     Joint base{0, {}}, candidate{1, {}};
     for (int k = 0; k < 100; ++k) {
         const double a = 2 * std::numbers::pi * k / 100;
@@ -400,10 +411,10 @@ TEST(AnyMatch, LargeJointsTakeTheAssignmentNotEnumeration) {
         base.bars.push_back({static_cast<std::int16_t>(k), w, Norm(w)});
     }
     std::rotate(candidate.bars.begin(), candidate.bars.begin() + 37, candidate.bars.end());
-    const AnalogyMatch match = MatchAnalogy(*model, base, candidate, Params(AnalogyMethod::Any));
-    ASSERT_EQ(match.outcome, AnalogyOutcome::Analogous);
+    const auto match = Matched(*model, base, candidate, Params(AnalogyMethod::Any));
+    ASSERT_TRUE(match);
     for (int k = 0; k < 100; ++k)
-        EXPECT_EQ(match.record.bars[k], k);
+        EXPECT_EQ(match->bars[k], k);
 }
 
 ConnectionInput ThreeTypes(const std::string &code) {
@@ -545,10 +556,9 @@ int TestAnalogy(const StructureModel &m, const ViewState &v, const ConnectionSta
     if (!identical && !mirrored) { // the pairings, checked against enumeration above
         std::vector<std::int16_t> bars(candidates.begin(), candidates.end());
         std::vector<std::int16_t> baseBars(s.baseBars.begin(), s.baseBars.begin() + s.baseBarCount);
-        const AnalogyMatch match =
-            MatchAnalogy(m, JointAt(m, s.baseNode, baseBars), JointAt(m, n, bars), params);
-        if (match.outcome == AnalogyOutcome::Analogous)
-            record = match.record;
+        if (const auto match =
+                Matched(m, JointAt(m, s.baseNode, baseBars), JointAt(m, n, bars), params))
+            record = *match;
     }
     std::vector<bool> used(candidates.size());
     for (int k = 0; k < s.baseBarCount && (identical || mirrored); ++k) {
@@ -936,7 +946,7 @@ TEST(ConnectionCommands, ChoosingTypingAndDroppingTheBaseNode) {
     LabelTipo_Click(p, 4); // hidden: nothing
     EXPECT_EQ(p.form.LabelTipo[4].caption, "");
 
-    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), w.other);
+    TestAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p), w.other);
     w.ui.answers.push_back(MsgAnswer::Cancel);
     RimNodoBase_Click(p);
     EXPECT_EQ(p.connection.analogousNodes.size(), 2u);

@@ -49,7 +49,14 @@ void ChooseBaseNodeByPick(Program &, int name);
 void AfterBaseBarsRemoved(Program &);
 // The list of analogous nodes as range text into StringaSel.
 void RefreshListText(Program &);
-AnalogyParameters AnalogyParametersOf(const FormVorna &form);
+// tolerance_commands.cpp
+// The analogy parameters as the side bar holds them now, the tolerance boxes taken first.
+AnalogyParameters AnalogyParametersOf(Program &);
+// Start-up step: the tolerances kept in the job's "VornaTolleranze.txt".
+void LoadTolerances(Program &);
+// The tolerance boxes taken when their texts changed: a text that is no tolerance is told once
+// and the last valid value stays; new values are kept in the job's file.
+void ReadToleranceBoxes(Program &);
 // A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
 // colours.
 void HighlightNodeBarTypes(Program &, int name);

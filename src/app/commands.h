@@ -79,5 +79,8 @@ void Disegno_KeyDown(Program &, Key key);
 void Risposta_KeyDown(Program &, Key key);
 // connection_commands.cpp
 void LabelTipo_Click(Program &, int index);
+// tolerance_commands.cpp: a tolerance box (TolAngoli, TolLunghezze) left or confirmed with Enter
+// in the window, or set by a script.
+void Tolleranza_Change(Program &);
 
 } // namespace vorna

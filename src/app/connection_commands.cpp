@@ -89,22 +89,6 @@ void DropBaseNodeIfNoBars(Program &p) {
 
 } // namespace
 
-AnalogyParameters AnalogyParametersOf(const FormVorna &f) {
-    AnalogyParameters params;
-    // No option selected reads as a method that accepts only the base node itself.
-    params.method = AnalogyMethod::Any;
-    for (int i = 0; i < 4; ++i)
-        if (f.OpzMetodo[i].checked) {
-            params.method = static_cast<AnalogyMethod>(i);
-            break;
-        }
-    params.compareLengths = f.analLun.checked;
-    params.compareColours = f.AnalColAste.checked;
-    params.compareLineTypes = f.analLinAste.checked;
-    params.compareSections = f.AnalSezAste.checked;
-    return params;
-}
-
 void RefreshListText(Program &p) {
     BuildAnalogousListText(p.model, p.connection);
     p.form.StringaSel.caption = Trim(p.connection.analogousListText);
@@ -174,7 +158,7 @@ void HighlightNodeBarTypes(Program &p, int name) {
     auto width = [&](int option) {
         return static_cast<int>(std::clamp(RoundHalfEven(p.displayOptions(option)), 1.0, 1000.0));
     };
-    if (auto typed = NodeBarTypes(p.model, p.connection, AnalogyParametersOf(p.form).method, name))
+    if (auto typed = NodeBarTypes(p.model, p.connection, AnalogyParametersOf(p).method, name))
         DrawTypedBars(p.disegno, ProjectedLines(p, *typed), width(opt::kWidthSelected),
                       width(opt::kWidthNormal));
 }

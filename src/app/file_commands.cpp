@@ -29,7 +29,7 @@ void EndAfterHandBack(Program &p, WriteResult result) {
 void ExportResult(Program &p, ImportMode mode) {
     RefreshListText(p);
     const TypeBarTexts texts =
-        BuildTypeBarLists(p.model, p.connection, AnalogyParametersOf(p.form).method);
+        BuildTypeBarLists(p.model, p.connection, AnalogyParametersOf(p).method);
     EndAfterHandBack(
         p, WriteResultFile(p.folders.jobPath, p.model, p.connection, p.input, texts, mode));
 }
@@ -52,7 +52,7 @@ void LoadConnectionInput(Program &p) {
 }
 
 void ScriColl_Click(Program &p) {
-    ClassifyAnalogousBars(p.model, p.connection, AnalogyParametersOf(p.form).method);
+    ClassifyAnalogousBars(p.model, p.connection, AnalogyParametersOf(p).method);
     const WriteResult connection =
         WriteConnectionFile(p.folders.jobPath, p.model, p.connection, p.input);
     const WriteResult name = WriteConnectionNameFile(p.folders.jobPath, p.model, p.connection);

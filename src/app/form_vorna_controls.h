@@ -71,6 +71,9 @@ VORNA_CONTROL(analLun, .caption = "Lungh. delle aste", .checked = true)
 VORNA_CONTROL(AnalSezAste, .caption = "Sezioni delle aste")
 VORNA_CONTROL(AnalColAste, .caption = "Colore delle aste")
 VORNA_CONTROL(analLinAste, .caption = "Tipo linea delle aste")
+// The tolerances within which bars count as alike; both empty or 0: the exact test.
+VORNA_CONTROL(TolAngoli, .caption = "Toll. angoli (\xB0)")
+VORNA_CONTROL(TolLunghezze, .caption = "Toll. lunghezze (%)")
 
 // View filters.
 VORNA_CONTROL(FrameAtt, .caption = "Elementi attivati")

@@ -138,7 +138,10 @@ bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {
         const JointType &t = catalogue_.types[k];
         out << "type " << k + 1 << " nodes=" << t.nodes.size() << " bars=" << t.barCount
             << " head=" << NameOf(p_.model, t.nodes.front())
-            << " members=" << MembersText(p_.model, t) << '\n';
+            << " members=" << MembersText(p_.model, t);
+        if (catalogue_.withinTolerances)
+            out << " dev=" << FixedText(t.largestAngle, 3) << '/' << FixedText(t.largestLength, 3);
+        out << '\n';
     }
     return true;
 }
@@ -146,8 +149,8 @@ bool JointTypesDialog::Dump(std::string_view what, std::ostream &out) {
 void TipiNodo_Click(Program &p) {
     JointTypeCatalogue catalogue;
     if (p.structureLoaded)
-        catalogue = CatalogueJointTypes(p.model, p.view, p.connection.barIndex,
-                                        AnalogyParametersOf(p.form));
+        catalogue =
+            CatalogueJointTypes(p.model, p.view, p.connection.barIndex, AnalogyParametersOf(p));
     // Nodes with more bars than a connection can have belong to no type: said once.
     if (!catalogue.overcrowded.empty())
         WarnTooManyBars(p);

@@ -7,6 +7,7 @@
 #include "connection/connection_state.h"
 #include "model/structure_model.h"
 #include "options/options.h"
+#include "options/tolerances.h"
 #include "platform/canvas.h"
 #include "platform/ui.h"
 #include "projection/navigation_state.h"
@@ -40,6 +41,7 @@ struct Program {
     NavigationState navigation;
     ConnectionInput input;
     ConnectionState connection;
+    Tolerances tolerances; // in force, from TolAngoli and TolLunghezze
     CommandState command;
     FormVorna form = InitialForm();
     // Each node's fill by joint type while "Colora i tipi nel disegno" is checked; else empty.

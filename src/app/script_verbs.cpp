@@ -398,7 +398,13 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`",
          {kWord, kOptionalText},
          [](Session &s, const ScriptArgs &a) {
-             return SetText(s.out, FindControl(s.p.form, a.text[0]), a);
+             Control *box = FindControl(s.p.form, a.text[0]);
+             if (!SetText(s.out, box, a))
+                 return false;
+             // The window takes a tolerance when its box is left, a script when it is set.
+             if (box->enabled && (box == &s.p.form.TolAngoli || box == &s.p.form.TolLunghezze))
+                 Tolleranza_Change(s.p);
+             return true;
          }},
         {"check",
          "`check CONTROL 0\\|1`",

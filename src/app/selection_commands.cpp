@@ -17,7 +17,7 @@ namespace {
 
 // The analogy parameters are read when the command runs, as the side bar holds them then.
 SelectionContext ContextOf(Program &p) {
-    AnalogyParameters params = AnalogyParametersOf(p.form);
+    AnalogyParameters params = AnalogyParametersOf(p);
     return {p.model, p.view, p.connection, p.command.activeFunction, [&p, params](int node) {
                 if (TestAnalogy(p.model, p.view, p.connection, params, node) ==
                     AnalogyOutcome::TooManyBars)

@@ -47,6 +47,7 @@ void RunStartUp(Program &p, std::string_view commandLine) {
     LoadConnectionInput(p);
     if (p.exitRequested)
         return;
+    LoadTolerances(p);
     p.form.caption = Trim(p.input.connectionDescription) + " - " + p.folders.jobFolder;
     LoadFont(p);
 

@@ -8,7 +8,6 @@
 #include "platform/text.h"
 
 #include <cmath>
-#include <cstdio>
 
 namespace vorna {
 namespace {
@@ -17,20 +16,16 @@ std::string BaseBarText(int k) {
     return "asta base " + IntText(k + 1) + ", ";
 }
 
+// A deviation with three decimals, "-" for none.
+std::string DeviationText(std::optional<double> value) {
+    return value ? FixedText(*value, 3) : "-";
+}
+
 int NameOf(const StructureModel &m, int bar) {
     return bar >= 0 && bar < m.barCount ? m.bars[bar].name : 0;
 }
 
 } // namespace
-
-std::string FixedText(double value, int decimals) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    std::string s = text;
-    if (s.starts_with('-') && s.find_first_not_of("-0.") == std::string::npos)
-        s.erase(0, 1);
-    return s;
-}
 
 std::string ReasonWord(WhyNotReason reason) {
     switch (reason) {
@@ -125,7 +120,7 @@ void ShowVerdictOfName(Program &p, int name) {
         return;
     }
     const AnalogyExplanation e =
-        ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), node);
+        ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p), node);
     p.form.Esito.caption = VerdictText(name, e);
     // The status row may leave room for only part of it.
     p.form.Esito.tooltip = p.form.Esito.caption;
@@ -140,7 +135,7 @@ void DumpWhyNot(Program &p, std::string_view nameText, std::ostream &out) {
                          : -1;
     // With no node, the base bars alone against no bar.
     AnalogyExplanation e =
-        ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p.form), node);
+        ExplainNodeAnalogy(p.model, p.view, p.connection, AnalogyParametersOf(p), node);
     if (node < 0) {
         e.reason = notLive ? WhyNotReason::NotLive : WhyNotReason::None;
         e.failingBar = -1;
@@ -157,20 +152,27 @@ void DumpWhyNot(Program &p, std::string_view nameText, std::ostream &out) {
         if (e.angle)
             out << " angle=" << FixedText(e.angle.value_or(0), 3);
     }
+    if (e.tolerances)
+        out << " tolerances=" << NumberText(e.tolerances->first) << '/'
+            << NumberText(e.tolerances->second);
     out << '\n';
     for (std::size_t k = 0; k < e.pairs.size(); ++k) {
         const BarPairFigures &pair = e.pairs[k];
         out << "pair k=" << k + 1 << " base=" << NameOf(p.model, pair.baseBar)
             << " candidate=" << NameOf(p.model, pair.candidateBar)
             << " angle=" << (pair.angle ? FixedText(*pair.angle, 3) : "-")
-            << " lengths=" << NumberText(pair.baseLength) << '/' << NumberText(pair.candidateLength)
-            << '\n';
+            << " lengths=" << NumberText(pair.baseLength) << '/'
+            << NumberText(pair.candidateLength);
+        if (e.tolerances)
+            out << " dev=" << DeviationText(pair.angle) << '/'
+                << DeviationText(pair.lengthDeviation);
+        out << '\n';
     }
 }
 
 void DumpNearMisses(Program &p, std::ostream &out) {
     const std::vector<NearMiss> misses =
-        FindNearMisses(p.model, p.view, p.connection, AnalogyParametersOf(p.form));
+        FindNearMisses(p.model, p.view, p.connection, AnalogyParametersOf(p));
     for (std::size_t r = 0; r < misses.size(); ++r) {
         const NearMiss &m = misses[r];
         out << "nearmiss rank=" << r + 1 << " node=" << p.model.nodes[m.node].name

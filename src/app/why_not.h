@@ -16,8 +16,6 @@ namespace vorna {
 // -1 alone when it has none.
 int NodeForExplanation(const StructureModel &model, const ViewState &view, int name, bool &notLive);
 
-// A figure with a fixed number of decimals, "." as separator; never "-0.0".
-std::string FixedText(double value, int decimals);
 // The criterion in one or two Italian words ("direzione", "tipo linea").
 std::string ReasonWord(WhyNotReason reason);
 

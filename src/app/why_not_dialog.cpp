@@ -47,6 +47,13 @@ std::string CandidateCell(const StructureModel &m, const BarPairFigures &pair) {
     return "-";
 }
 
+// Within tolerances the lengths' deviation follows them: " (1.2%)".
+std::string LengthDeviationText(const AnalogyExplanation &e, const BarPairFigures &pair) {
+    if (!e.tolerances || !pair.lengthDeviation)
+        return "";
+    return " (" + FixedText(*pair.lengthDeviation, 1) + "%)";
+}
+
 // One row per base bar: number, base bar, the node's bar, angle, lengths, sections (1-based
 // cards), colours, line types; the cell of the failing criterion marked.
 std::vector<std::string> ComparisonRows(const StructureModel &m, const AnalogyExplanation &e) {
@@ -59,7 +66,8 @@ std::vector<std::string> ComparisonRows(const StructureModel &m, const AnalogyEx
                                 CandidateCell(m, p),
                                 p.angle ? FixedText(*p.angle, 1) + "\xB0" : "-",
                                 none ? NumberText(p.baseLength) + " / -"
-                                     : Pair(p.baseLength, p.candidateLength),
+                                     : Pair(p.baseLength, p.candidateLength) +
+                                           LengthDeviationText(e, p),
                                 none ? "-" : PairInts(p.baseSection + 1, p.candidateSection + 1),
                                 none ? "-" : PairInts(p.baseColour, p.candidateColour),
                                 none ? "-" : PairInts(p.baseLineType, p.candidateLineType)};
@@ -96,7 +104,7 @@ std::vector<std::string> ComparisonRows(const StructureModel &m, const AnalogyEx
     return rows;
 }
 
-std::string DetailsText(const AnalogyExplanation &e) {
+std::string MethodDetailsText(const AnalogyExplanation &e) {
     if (e.hasRotation) {
         const Vec3 &a = e.rotationAxis;
         return std::string(e.analogous ? "Rotazione" : "Rotazione migliore") + " di " +
@@ -107,6 +115,16 @@ std::string DetailsText(const AnalogyExplanation &e) {
     if (e.totalAngle)
         return "Somma degli angoli dell'abbinamento: " + FixedText(*e.totalAngle, 1) + "\xB0";
     return "";
+}
+
+// The rotation found, or the pairing's sum of angles; within tolerances, the tolerances first.
+std::string DetailsText(const AnalogyExplanation &e) {
+    if (e.tolerances) {
+        std::string rest = MethodDetailsText(e);
+        return "Tolleranze: angoli " + NumberText(e.tolerances->first) + "\xB0, lunghezze " +
+               NumberText(e.tolerances->second) + "%" + (rest.empty() ? "" : ". " + rest);
+    }
+    return MethodDetailsText(e);
 }
 
 // The view moved so that the node lies at the centre of the window, at the same scale.
@@ -181,7 +199,7 @@ void ExplainNodeInDialog(Program &p, int name) {
     const int node = NodeForExplanation(p.model, p.view, name, notLive);
     if (node < 0)
         return;
-    const AnalogyParameters params = AnalogyParametersOf(p.form);
+    const AnalogyParameters params = AnalogyParametersOf(p);
     const AnalogyExplanation e = ExplainNodeAnalogy(p.model, p.view, p.connection, params, node);
     WhyNotDialog dialog(p, node, e, FindNearMisses(p.model, p.view, p.connection, params));
     p.ui.RunDialog(dialog);

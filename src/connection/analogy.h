@@ -20,6 +20,12 @@ struct AnalogyParameters {
     bool compareColours = false;   // AnalColAste
     bool compareLineTypes = false; // analLinAste
     bool compareSections = false;  // AnalSezAste
+    // TolAngoli in degrees and TolLunghezze in percent of the longer bar; with both at 0 the test
+    // is exact (components within 0.0001).
+    double angleTolerance = 0;
+    double lengthTolerance = 0;
+
+    bool Tolerant() const { return angleTolerance > 0 || lengthTolerance > 0; }
 };
 
 // One bar of a joint as the test sees it from the joint's node.
@@ -46,26 +52,7 @@ std::optional<Vec3> DirectionOf(const JointBar &bar);
 // The base node with its base bars (at most 100 of them).
 Joint BaseJoint(const StructureModel &model, const ConnectionState &state);
 
-// "Nodi qualsiasi": for each base bar the position of its candidate bar, distinct bars, with the
-// smallest sum of angles between paired directions (only bars of equal length when lengths
-// count; a bar of no length pairs with nothing), the lexicographically first among equal sums.
-// The angles in radians, base bars by candidate bars, into angles when given.
-std::optional<std::vector<int>> CheapestDirectionPairing(const Joint &base, const Joint &candidate,
-                                                         bool lengths,
-                                                         std::vector<double> *angles = nullptr);
-
 enum class AnalogyOutcome { TooManyBars, Rejected, Analogous };
-
-struct AnalogyMatch {
-    AnalogyOutcome outcome = AnalogyOutcome::Rejected;
-    AnalogousNode record; // when analogous: the candidate and its bar for each base bar, in order
-};
-
-// The analogy test of a candidate against a base, touching no state and showing nothing. More
-// than 100 candidate bars: TooManyBars. A base of more than 100 bars matches nothing. The base
-// node offered as its own candidate is tested with identical directions under every method.
-AnalogyMatch MatchAnalogy(const StructureModel &model, const Joint &base, const Joint &candidate,
-                          const AnalogyParameters &params);
 
 // Analogous when the candidate was found so and appended (also when it was listed already).
 // Without a usable base node (none chosen, or one with more than 100 bars) nothing is analogous.

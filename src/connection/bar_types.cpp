@@ -274,42 +274,36 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
     for (AnalogousNode &r : records)
         r.barTypes.fill(0);
     const bool mirroredMethod = method == AnalogyMethod::IdenticalOrMirrored;
-    if (HasUsableBaseNode(state) && (method == AnalogyMethod::Identical || mirroredMethod)) {
-        std::vector<std::uint8_t> mirrored(records.size());
-        if (mirroredMethod)
-            for (std::size_t r = 0; r < records.size(); ++r)
-                mirrored[r] = IsMirroredRecord(model, state, records[r]);
-        for (int k = 0; k < state.baseBarCount; ++k) {
-            const std::optional<Vec3> b = UnitBarVector(model, state.baseBars[k], state.baseNode);
-            if (!b)
-                continue;
-            const int type = state.baseBarTypes[k];
-            for (std::size_t r = 0; r < records.size(); ++r) {
-                AnalogousNode &record = records[r];
-                for (int m = 0; m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {
-                    const std::optional<Vec3> v = UnitBarVector(model, record.bars[m], record.node);
-                    if (!v || !(mirrored[r] ? MirroredDirection(*b, *v) : SameDirection(*b, *v)))
-                        continue;
-                    record.barTypes[m] = static_cast<std::int16_t>(type);
-                    if (type >= 1 && type <= kMaxBarTypes &&
-                        lists.names[type].size() < kTypeListCapacity)
-                        lists.names[type].push_back(model.bars[record.bars[m]].name);
-                    break;
-                }
-            }
-        }
-    } else if (HasUsableBaseNode(state)) {
-        // Turned and free joints pair their bars with the base bars one to one when they are
-        // found: position k of a record is base bar k's.
-        for (int k = 0; k < state.baseBarCount; ++k) {
-            const int type = state.baseBarTypes[k];
-            for (AnalogousNode &record : records) {
+    const bool byDirection = method == AnalogyMethod::Identical || mirroredMethod;
+    std::vector<std::uint8_t> mirrored(records.size());
+    if (HasUsableBaseNode(state) && mirroredMethod)
+        for (std::size_t r = 0; r < records.size(); ++r)
+            mirrored[r] = IsMirroredRecord(model, state, records[r]);
+    auto list = [&](int type, int bar) {
+        if (type >= 1 && type <= kMaxBarTypes && lists.names[type].size() < kTypeListCapacity)
+            lists.names[type].push_back(model.bars[bar].name);
+    };
+    for (int k = 0; k < state.baseBarCount && HasUsableBaseNode(state); ++k) {
+        const std::optional<Vec3> b = UnitBarVector(model, state.baseBars[k], state.baseNode);
+        const int type = state.baseBarTypes[k];
+        for (std::size_t r = 0; r < records.size(); ++r) {
+            AnalogousNode &record = records[r];
+            // Turned and free joints, and joints found within tolerances, pair their bars with
+            // the base bars when they are found: position k of a record is base bar k's.
+            if (!byDirection || record.match.withinTolerances) {
                 if (k >= record.barCount || record.bars[k] < 0 || record.bars[k] >= model.barCount)
                     continue;
                 record.barTypes[k] = static_cast<std::int16_t>(type);
-                if (type >= 1 && type <= kMaxBarTypes &&
-                    lists.names[type].size() < kTypeListCapacity)
-                    lists.names[type].push_back(model.bars[record.bars[k]].name);
+                list(type, record.bars[k]);
+                continue;
+            }
+            for (int m = 0; b && m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {
+                const std::optional<Vec3> v = UnitBarVector(model, record.bars[m], record.node);
+                if (!v || !(mirrored[r] ? MirroredDirection(*b, *v) : SameDirection(*b, *v)))
+                    continue;
+                record.barTypes[m] = static_cast<std::int16_t>(type);
+                list(type, record.bars[m]);
+                break;
             }
         }
     }

@@ -43,7 +43,8 @@ struct TypeBarLists {
 
 // Gives every bar of every record the type of the base bar whose direction it shares (mirrored
 // too under "Nodi identici e simmetrici"), or under "Nodi identici e ruotati" and "Nodi
-// qualsiasi" the type of the base bar it was paired with; bars that match none get type 1.
+// qualsiasi", and in a record found within tolerances, the type of the base bar it was paired
+// with; bars that match none get type 1.
 TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState &state,
                                    AnalogyMethod method);
 

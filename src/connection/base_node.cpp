@@ -27,11 +27,11 @@ std::optional<Vec3> Unit(const Vec3 &v) {
 // later bar not parallel to it, w normal to both. With one bar, or all bars parallel, the plane
 // is the vertical one through bar 1 (or, for a vertical bar 1, the one through model X), which
 // shows them all. Nothing when bar 1 has no direction.
-struct Frame {
+struct SchemaAxes {
     Vec3 u, v, w;
 };
 
-std::optional<Frame> SchemaFrame(const std::vector<Vec3> &directions) {
+std::optional<SchemaAxes> SchemaFrame(const std::vector<Vec3> &directions) {
     if (directions.empty())
         return std::nullopt;
     std::optional<Vec3> u = Unit(directions[0]);
@@ -49,7 +49,7 @@ std::optional<Frame> SchemaFrame(const std::vector<Vec3> &directions) {
         w = Unit(Cross(*u, {1, 0, 0}));
     if (!w)
         return std::nullopt;
-    return Frame{*u, Cross(*w, *u), *w};
+    return SchemaAxes{*u, Cross(*w, *u), *w};
 }
 
 } // namespace
@@ -106,7 +106,7 @@ BaseNodeSchema BaseNodeSchemaOf(const StructureModel &model, ConnectionState &st
     directions.reserve(count);
     for (int k = 0; k < count; ++k)
         directions.push_back(BaseBarDirection(model, state, k));
-    const std::optional<Frame> frame = SchemaFrame(directions);
+    const std::optional<SchemaAxes> frame = SchemaFrame(directions);
     // A degenerate frame stops the schema before the automatic typing, which comes once the
     // schema's scale is known. The labels carry the types either way, for the reading back.
     if (frame && automaticTyping)

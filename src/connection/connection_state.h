@@ -3,10 +3,12 @@
 #pragma once
 
 #include "connection/bar_index.h"
+#include "connection/rotation.h"
 #include "model/structure_model.h"
 #include "projection/listed_elements.h"
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -19,6 +21,22 @@ constexpr int kTooManyBaseBars = kMaxBaseBars + 1;
 constexpr int kAnalogousCapacity = 20001;
 constexpr int kMaxBarTypes = 10;
 
+// How an analogous node's bars were matched with the base bars: the base node itself, or under
+// the method in force when it was found.
+enum class MatchKind : std::uint8_t { Base, Identical, Mirrored, Rotated, Any };
+
+// What the comparison that accepted a node found, kept with its record for the review.
+struct MatchSummary {
+    MatchKind kind = MatchKind::Base;
+    // Found within tolerances: its bars share the base bars' directions only nearly, so they
+    // take their types by the pairing, not by a direction shared exactly.
+    bool withinTolerances = false;
+    std::bitset<kMaxBaseBars> mirrored; // the base bars taken mirrored ("simmetrici")
+    Rotation rotation = kIdentity;      // "ruotati": base directions onto the node's
+    double largestAngle = 0;            // degrees
+    double largestLength = 0;           // percent of the longer bar
+};
+
 // One analogous node. Position k (0-based here, k+1 to the user) of bars corresponds to base
 // bar k.
 struct AnalogousNode {
@@ -26,6 +44,7 @@ struct AnalogousNode {
     std::int16_t barCount = 0;
     std::array<std::int16_t, kMaxBaseBars> bars{};
     std::array<std::int16_t, kMaxBaseBars> barTypes{}; // valid right after the classification
+    MatchSummary match;
 };
 
 struct ConnectionState {

@@ -3,6 +3,7 @@
 // Neither decides anything: MatchAnalogy does, for the heads they leave.
 #include "connection/joint_type_index.h"
 
+#include "connection/agreement.h"
 #include "platform/portable_math.h"
 
 #include <algorithm>
@@ -18,34 +19,55 @@ double AngleReach() {
     return 4 * Asin(kAgreementNorm / 2);
 }
 
+// How far the values a node shares with a head it agrees with may lie from the head's.
+struct Reach {
+    double height = kTolerance; // z of the compared vectors
+    double length = kAgreementNorm;
+    double pair = AngleReach(); // angles or dot products between two compared vectors
+    bool logLengths = false;
+};
+
+// Within tolerances: a z of unit vectors moves by at most the chord; the angle between two bars
+// by at most twice the angle tolerance (each end by one); lengths within p percent have
+// logarithms within -ln(1 - p / 100).
+Reach ReachOf(const AnalogyParameters &params) {
+    Reach r;
+    if (!params.Tolerant()) {
+        r.length = params.method == AnalogyMethod::Any ? kTolerance : kAgreementNorm;
+        return r;
+    }
+    const Agreement rule(params);
+    r.height = params.angleTolerance > 0 ? rule.Chord() : kTolerance;
+    r.pair = params.angleTolerance > 0 ? 2 * params.angleTolerance * kPi / 180 : AngleReach();
+    r.logLengths = params.lengthTolerance > 0;
+    r.length = r.logLengths ? -std::log1p(-params.lengthTolerance / 100) : kTolerance;
+    return r;
+}
+
 } // namespace
 
 Signature SignatureOf(const Joint &joint, const AnalogyParameters &params) {
     Signature s;
     const bool lengths = params.compareLengths;
     const AnalogyMethod method = params.method;
+    // Within tolerances every method compares directions, and lengths apart.
+    const bool directions = method == AnalogyMethod::Any || params.Tolerant();
+    const bool logLengths = ReachOf(params).logLengths;
     std::vector<Vec3> vectors;
     for (const JointBar &bar : joint.bars) {
-        if (method == AnalogyMethod::Any) {
-            // Pairs need a direction each and, when lengths count, lengths that agree.
-            if (!DirectionOf(bar)) {
-                s.complete = false;
-                continue;
-            }
-            if (lengths)
-                s.lengths.push_back(bar.length);
-            ++s.compared;
-            continue;
-        }
-        const std::optional<Vec3> v = ComparedVector(bar, lengths);
+        const std::optional<Vec3> v = directions ? DirectionOf(bar) : ComparedVector(bar, lengths);
         if (!v) {
             s.complete = false;
             continue;
         }
         ++s.compared;
-        s.longest = std::max(s.longest, Norm(*v));
         if (lengths)
-            s.lengths.push_back(Norm(*v));
+            s.lengths.push_back(!directions  ? Norm(*v)
+                                : logLengths ? std::log(bar.length)
+                                             : bar.length);
+        if (method == AnalogyMethod::Any)
+            continue;
+        s.longest = std::max(s.longest, Norm(*v));
         if (method == AnalogyMethod::Rotated)
             vectors.push_back(*v);
         else
@@ -53,8 +75,8 @@ Signature SignatureOf(const Joint &joint, const AnalogyParameters &params) {
     }
     for (std::size_t i = 0; i < vectors.size(); ++i)
         for (std::size_t k = i + 1; k < vectors.size(); ++k)
-            s.pairs.push_back(lengths ? Dot(vectors[i], vectors[k])
-                                      : AngleBetween(vectors[i], vectors[k]));
+            s.pairs.push_back(lengths && !directions ? Dot(vectors[i], vectors[k])
+                                                     : AngleBetween(vectors[i], vectors[k]));
     for (std::vector<double> *values : {&s.lengths, &s.heights, &s.pairs}) {
         s.finite = s.finite && std::all_of(values->begin(), values->end(),
                                            [](double x) { return std::isfinite(x); });
@@ -98,24 +120,26 @@ bool MayMatch(const Signature &head, const Signature &node, const AnalogyParamet
         return false; // a base bar with nothing to compare finds no counterpart
     if (!head.finite || !node.finite)
         return true;
+    const Reach reach = ReachOf(params);
     switch (params.method) {
     case AnalogyMethod::Identical:
     case AnalogyMethod::IdenticalOrMirrored: {
         const bool oneToOne = params.method == AnalogyMethod::IdenticalOrMirrored;
-        return Reaches(head.lengths, node.lengths, kAgreementNorm, oneToOne) &&
-               Reaches(head.heights, node.heights, kTolerance, oneToOne);
+        return Reaches(head.lengths, node.lengths, reach.length, oneToOne) &&
+               Reaches(head.heights, node.heights, reach.height, oneToOne);
     }
     case AnalogyMethod::Rotated: {
         // |bj.bk - vc.vd| <= |R bj - vc| |bk| + |vc| |R bk - vd|.
-        const double pairReach =
-            params.compareLengths ? kAgreementNorm * (head.longest + node.longest) : AngleReach();
+        const double pairReach = params.compareLengths && !params.Tolerant()
+                                     ? kAgreementNorm * (head.longest + node.longest)
+                                     : reach.pair;
         return head.compared <= node.compared &&
-               Reaches(head.lengths, node.lengths, kAgreementNorm, true) &&
+               Reaches(head.lengths, node.lengths, reach.length, true) &&
                Reaches(head.pairs, node.pairs, pairReach, true);
     }
     case AnalogyMethod::Any:
         return head.compared <= node.compared &&
-               Reaches(head.lengths, node.lengths, kTolerance, true);
+               Reaches(head.lengths, node.lengths, reach.length, true);
     }
     return true;
 }
@@ -125,11 +149,19 @@ bool MayMatch(const Signature &head, const Signature &node, const AnalogyParamet
 // reach of (componentwise) from one of its own query points; heads without such a key are
 // tried by every node with their bar count.
 struct HeadIndex::Impl {
-    explicit Impl(const AnalogyParameters &params) : params_(params) {
+    explicit Impl(const AnalogyParameters &params)
+        : params_(params), directions_(params.Tolerant()) {
         const AnalogyMethod m = params.method;
-        reach_ = m != AnalogyMethod::Rotated ? kTolerance
-                 : params.compareLengths     ? kAgreementNorm
-                                             : AngleReach();
+        const Reach reach = ReachOf(params);
+        logLengths_ = reach.logLengths;
+        if (!directions_)
+            reach_ = m != AnalogyMethod::Rotated ? kTolerance
+                     : params.compareLengths     ? kAgreementNorm
+                                                 : AngleReach();
+        else
+            reach_ = m == AnalogyMethod::Rotated ? reach.pair
+                     : m == AnalogyMethod::Any   ? reach.length
+                                                 : reach.height;
         keyed_ = m != AnalogyMethod::Any || params.compareLengths;
     }
 
@@ -198,10 +230,18 @@ struct HeadIndex::Impl {
         return {barCount, cell(v[0]), cell(v[1]), cell(v[2])};
     }
 
-    // "Nodi identici" and "simmetrici": the first base bar's vector, which some bar of the node
-    // (or its mirror) must match. Turned: its length, or on directions alone the angle between
-    // the first two, which two of the node's bars keep. "Nodi qualsiasi" with lengths: the first
-    // base bar's length.
+    // What the methods compare of a bar: its compared vector, or within tolerances its
+    // direction.
+    std::optional<Vec3> Compared(const JointBar &bar) const {
+        return directions_ ? DirectionOf(bar) : ComparedVector(bar, params_.compareLengths);
+    }
+    // A length as the index compares it: within a length tolerance its logarithm.
+    double LengthKey(double length) const { return logLengths_ ? std::log(length) : length; }
+
+    // "Nodi identici" and "simmetrici": the first base bar's compared vector, which some bar of
+    // the node (or its mirror) must match. Turned: exactly with lengths its length, else the
+    // angle between the first two, which two of the node's bars keep. "Nodi qualsiasi" with
+    // lengths: the first base bar's length.
     std::optional<Vec3> KeyOf(const Joint &base) const {
         const bool lengths = params_.compareLengths;
         if (base.bars.empty())
@@ -209,22 +249,22 @@ struct HeadIndex::Impl {
         switch (params_.method) {
         case AnalogyMethod::Identical:
         case AnalogyMethod::IdenticalOrMirrored:
-            return ComparedVector(base.bars[0], lengths);
+            return Compared(base.bars[0]);
         case AnalogyMethod::Rotated: {
-            const std::optional<Vec3> first = ComparedVector(base.bars[0], lengths);
+            const std::optional<Vec3> first = Compared(base.bars[0]);
             if (!first)
                 return std::nullopt;
-            if (lengths)
+            if (lengths && !directions_)
                 return Vec3{Norm(*first), 0, 0};
             if (base.bars.size() < 2)
                 return std::nullopt;
-            const std::optional<Vec3> second = ComparedVector(base.bars[1], lengths);
+            const std::optional<Vec3> second = Compared(base.bars[1]);
             return second ? std::optional(Vec3{AngleBetween(*first, *second), 0, 0}) : std::nullopt;
         }
         case AnalogyMethod::Any:
             if (!keyed_ || !DirectionOf(base.bars[0]))
                 return std::nullopt;
-            return Vec3{base.bars[0].length, 0, 0};
+            return Vec3{LengthKey(base.bars[0].length), 0, 0};
         }
         return std::nullopt;
     }
@@ -238,12 +278,12 @@ struct HeadIndex::Impl {
         if (method == AnalogyMethod::Any) {
             for (const JointBar &b : node.bars)
                 if (DirectionOf(b))
-                    queries_.push_back({b.length, 0, 0});
+                    queries_.push_back({LengthKey(b.length), 0, 0});
             return;
         }
         vectors_.clear();
         for (const JointBar &b : node.bars)
-            if (const std::optional<Vec3> v = ComparedVector(b, lengths))
+            if (const std::optional<Vec3> v = Compared(b))
                 vectors_.push_back(*v);
         for (std::size_t i = 0; i < vectors_.size(); ++i) {
             const Vec3 &v = vectors_[i];
@@ -252,7 +292,7 @@ struct HeadIndex::Impl {
             } else if (method == AnalogyMethod::IdenticalOrMirrored) {
                 queries_.push_back(v);
                 queries_.push_back({-v[0], -v[1], v[2]});
-            } else if (lengths) {
+            } else if (lengths && !directions_) {
                 queries_.push_back({Norm(v), 0, 0});
             } else {
                 for (std::size_t k = i + 1; k < vectors_.size(); ++k)
@@ -262,6 +302,8 @@ struct HeadIndex::Impl {
     }
 
     const AnalogyParameters &params_;
+    bool directions_ = false; // within tolerances: directions and lengths apart
+    bool logLengths_ = false;
     double reach_ = kTolerance;
     bool keyed_ = true;
     std::unordered_map<Cell, std::vector<std::size_t>, CellHash> cells_;

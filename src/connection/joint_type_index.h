@@ -10,15 +10,17 @@
 
 namespace vorna {
 
-// What a node shares with every head it is analogous to, under the method in force. The numbers
-// agree only within the tolerance (which chains: a ~ b and b ~ c but not a ~ c), so they are
-// compared pairwise with it, never hashed; only the bar count is an exact key.
+// What a node shares with every head it is analogous to, under the method and tolerances in
+// force. The numbers agree only within a reach (which chains: a ~ b and b ~ c but not a ~ c), so
+// they are compared pairwise with it, never hashed; only the bar count is an exact key.
 struct Signature {
     bool finite = true;   // false: a coordinate is not a number, nothing is pruned
     bool complete = true; // every bar has what the method compares
     int compared = 0;     // bars that have it
     double longest = 0;
-    std::vector<double> lengths; // of the compared vectors when lengths count, sorted
+    // When lengths count, sorted: of the compared vectors, or within a length tolerance the
+    // logarithms of the bars' lengths (their ratio is what the tolerance bounds).
+    std::vector<double> lengths;
     std::vector<double> heights; // z of the compared vectors, sorted ("simmetrici" keeps z)
     // Of every two compared vectors, sorted (a rotation keeps them): dot products of raw
     // vectors, angles between directions.

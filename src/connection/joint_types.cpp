@@ -20,6 +20,7 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
                                        ProjectedBarIndex &barIndex,
                                        const AnalogyParameters &params) {
     JointTypeCatalogue catalogue;
+    catalogue.withinTolerances = params.Tolerant();
     KeepBarIndexCurrent(barIndex, model, view);
     std::vector<Head> heads; // heads[t] heads catalogue.types[t] until the final sort
     HeadIndex index(params);
@@ -39,15 +40,20 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
         Joint joint = JointAt(model, n, bars);
         const Signature signature = SignatureOf(joint, params);
         const std::vector<std::size_t> &candidates = index.Candidates(count, joint);
+        Verdict verdict;
         auto joins = [&](std::size_t t) {
             const Head &head = heads[t];
-            return !head.base.bars.empty() && MayMatch(head.signature, signature, params) &&
-                   MatchAnalogy(model, head.base, joint, params).outcome ==
-                       AnalogyOutcome::Analogous;
+            if (head.base.bars.empty() || !MayMatch(head.signature, signature, params))
+                return false;
+            verdict = CompareJoints(model, head.base, joint, params);
+            return verdict.Analogous();
         };
         if (auto t = std::find_if(candidates.begin(), candidates.end(), joins);
             t != candidates.end()) {
-            catalogue.types[*t].nodes.push_back(n);
+            JointType &type = catalogue.types[*t];
+            type.nodes.push_back(n);
+            type.largestAngle = std::max(type.largestAngle, verdict.largestAngle);
+            type.largestLength = std::max(type.largestLength, verdict.largestLength);
             continue;
         }
         // The bars choosing it as base node gives: the named ones, in the same order.

@@ -2,8 +2,8 @@
 // headed by its first node taken as base node with all its bars.
 #pragma once
 
-#include "connection/analogy.h"
 #include "connection/bar_index.h"
+#include "connection/verdict.h"
 
 #include <vector>
 
@@ -12,6 +12,9 @@ namespace vorna {
 struct JointType {
     int barCount = 0;       // candidate bars at every node of the type
     std::vector<int> nodes; // node indices: the head first, then the members in table order
+    // The largest angle (degrees) and length deviation (percent) of a member from its head.
+    double largestAngle = 0;
+    double largestLength = 0;
 };
 
 struct JointTypeCatalogue {
@@ -19,6 +22,7 @@ struct JointTypeCatalogue {
     // Live shown nodes with more than 100 bars, in table order. No test can take them, as
     // candidate or as head, so they belong to no type; the caller may say so once.
     std::vector<int> overcrowded;
+    bool withinTolerances = false; // grouped within the engineer's tolerances
 };
 
 // The palette of the joint types drawn in colour: type k = 1..12 in the list's order, packed

@@ -89,6 +89,28 @@ Rotation Between(const Frame &f, const Frame &g) {
     return r;
 }
 
+RotationAxisAngle AxisAngleOf(const Rotation &r) {
+    RotationAxisAngle turn;
+    const Vec3 w{r[2][1] - r[1][2], r[0][2] - r[2][0], r[1][0] - r[0][1]};
+    const double trace = r[0][0] + r[1][1] + r[2][2];
+    turn.degrees = Degrees(Atan2(Norm(w), trace - 1));
+    if (Norm(w) > 1e-9) {
+        turn.axis = Scaled(w, 1 / Norm(w));
+        return turn;
+    }
+    // A half turn (or none): the axis is the longest column of R + I.
+    Vec3 best{0, 0, 1};
+    double longest = 0;
+    for (std::size_t c = 0; c < 3; ++c) {
+        Vec3 column{r[0][c], r[1][c], r[2][c]};
+        column[c] += 1;
+        if (Norm(column) > longest)
+            longest = Norm(column), best = column;
+    }
+    turn.axis = longest > 1e-9 ? Scaled(best, 1 / longest) : Vec3{0, 0, 1};
+    return turn;
+}
+
 Rotation BestFitRotation(const std::vector<Vec3> &from, const std::vector<Vec3> &to,
                          const std::vector<double> &weights) {
     // s[a][b]: the weighted sum of from's component a times to's component b.

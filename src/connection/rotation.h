@@ -32,6 +32,14 @@ Frame FrameOf(const Vec3 &first, const Vec3 *second);
 // The rotation that takes frame f onto frame g.
 Rotation Between(const Frame &f, const Frame &g);
 
+// A rotation as a turn about an axis: the unit axis and the angle in degrees (0 to 180).
+struct RotationAxisAngle {
+    Vec3 axis{0, 0, 1};
+    double degrees = 0;
+};
+// The axis is any when the angle is 0.
+RotationAxisAngle AxisAngleOf(const Rotation &r);
+
 // The proper rotation that takes the from vectors closest to the to vectors in the weighted
 // least-squares sense (Horn's quaternion method); any such rotation when the vectors leave it
 // free. Pairs beyond the weights given weigh 1.

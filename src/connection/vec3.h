@@ -39,6 +39,17 @@ inline Vec3 Cross(const Vec3 &a, const Vec3 &b) {
 inline double AngleBetween(const Vec3 &a, const Vec3 &b) {
     return Atan2(Norm(Cross(a, b)), Dot(a, b));
 }
+// Radians to degrees with the program's pi.
+inline double Degrees(double radians) {
+    return radians * 180.0 / kPi;
+}
+inline double AngleDegrees(const Vec3 &a, const Vec3 &b) {
+    return Degrees(AngleBetween(a, b));
+}
+// The mirror image in plan of "Nodi identici e simmetrici": x and y reversed, z kept.
+inline Vec3 Mirror(const Vec3 &v) {
+    return {-v[0], -v[1], v[2]};
+}
 // Every component below the tolerance in magnitude.
 inline bool AllBelow(const Vec3 &a, double tolerance) {
     return std::fabs(a[0]) < tolerance && std::fabs(a[1]) < tolerance &&

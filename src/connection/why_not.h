@@ -2,27 +2,13 @@
 // criterion that fails and the figures of every base bar, and the near misses of the model.
 #pragma once
 
-#include "connection/analogy.h"
+#include "connection/verdict.h"
 
 #include <optional>
 #include <string_view>
 #include <vector>
 
 namespace vorna {
-
-// The criteria in the order the analogy test checks them.
-enum class WhyNotReason {
-    None,
-    NotLive,     // the node (or the base node) is not a node of the model
-    TooManyBars, // more than 100 candidate bars (at the node, or at the base node)
-    BarCount,    // fewer bars at the node than base bars
-    Direction,   // no bar leaves the node in a base bar's direction
-    Length,      // a bar has the base bar's direction but not its length
-    NoRotation,  // "Nodi identici e ruotati": no rotation takes the base bars onto bars of the node
-    Colour,
-    LineType,
-    Section,
-};
 
 // "not-live", "too-many-bars", ...; empty for None.
 std::string_view ReasonCode(WhyNotReason reason);
@@ -38,6 +24,7 @@ struct BarPairFigures {
     // a bar has no direction.
     std::optional<double> angle;
     bool mirrored = false;
+    std::optional<double> lengthDeviation; // percent of the longer, of the paired or nearest bar
     double baseLength = 0;
     double candidateLength = 0; // of the paired bar, else of the nearest one, else 0
     int baseSection = 0, candidateSection = 0;
@@ -60,9 +47,12 @@ struct AnalogyExplanation {
     double rotationResidual = 0;
     // "Nodi qualsiasi": the sum of the angles of the pairing, in degrees.
     std::optional<double> totalAngle;
+    // The tolerances in force (degrees, percent); none: the exact test.
+    std::optional<std::pair<double, double>> tolerances;
 };
 
-// The explanation of a candidate joint against a base joint; the verdict is MatchAnalogy's.
+// The explanation of a candidate joint against a base joint: the comparison's verdict, explained,
+// with the bars' properties beside it.
 AnalogyExplanation ExplainAnalogy(const StructureModel &model, const Joint &base,
                                   const Joint &candidate, const AnalogyParameters &params);
 
@@ -90,10 +80,5 @@ double NearMissScore(const Joint &base, const Joint &candidate, const AnalogyPar
 std::vector<NearMiss> FindNearMisses(const StructureModel &model, const ViewState &view,
                                      ConnectionState &state, const AnalogyParameters &params,
                                      int limit = 20);
-
-// Radians to degrees with the program's pi.
-inline double Degrees(double radians) {
-    return radians * 180.0 / kPi;
-}
 
 } // namespace vorna

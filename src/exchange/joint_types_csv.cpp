@@ -10,11 +10,14 @@
 namespace vorna {
 namespace {
 
-// A coordinate as the shortest text that reads back, with a decimal comma.
-std::string Decimal(double value) {
-    std::string text = NumberText(value);
+std::string WithComma(std::string text) {
     std::replace(text.begin(), text.end(), '.', ',');
     return text;
+}
+
+// A coordinate as the shortest text that reads back, with a decimal comma.
+std::string Decimal(double value) {
+    return WithComma(NumberText(value));
 }
 
 } // namespace
@@ -22,7 +25,9 @@ std::string Decimal(double value) {
 std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalogue &catalogue,
                               const BarsOfNode &barsOf) {
     std::string out = "\xEF\xBB\xBF";
-    AppendLine(out, "Tipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste");
+    const bool deviations = catalogue.withinTolerances;
+    AppendLine(out, std::string("Tipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste") +
+                        (deviations ? ";Scarto angoli (\xC2\xB0);Scarto lunghezze (%)" : ""));
     std::vector<std::int16_t> bars;
     for (std::size_t k = 0; k < catalogue.types.size(); ++k) {
         const JointType &type = catalogue.types[k];
@@ -45,6 +50,9 @@ std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalo
                 row += (first ? "" : " ") + IntText(model.bars[b].name);
                 first = false;
             }
+            if (deviations)
+                row += ';' + WithComma(FixedText(type.largestAngle, 3)) + ';' +
+                       WithComma(FixedText(type.largestLength, 3));
             AppendLine(out, row);
         }
     }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 
 namespace vorna {
@@ -118,6 +119,15 @@ std::optional<std::int32_t> ToInt32(double value) {
     if (!(r >= -2147483648.0 && r <= 2147483647.0))
         return std::nullopt;
     return static_cast<std::int32_t>(r);
+}
+
+std::string FixedText(double value, int decimals) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
+    std::string s = text;
+    if (s.starts_with('-') && s.find_first_not_of("-0.") == std::string::npos)
+        s.erase(0, 1);
+    return s;
 }
 
 std::string NumberText(double value) {

@@ -33,6 +33,8 @@ std::optional<std::int32_t> ToInt32(double value);
 // Shortest decimal text that reads back as the same value, "." as separator, no blanks.
 std::string NumberText(double value);
 std::string IntText(long long value);
+// A figure with a fixed number of decimals, "." as separator; never "-0.0".
+std::string FixedText(double value, int decimals);
 // A number as the drawing files print it: one blank before a value that is not negative, "-"
 // before a negative one; shortest round-trip digits with no leading zero before the point
 // (" .5", "-.25"); exponent form ("1E+16", "1.5E-05") for magnitudes from 1e15 up or below

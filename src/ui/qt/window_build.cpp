@@ -101,6 +101,23 @@ void MainWindow::BuildSideBar(QWidget *client) {
                             BindingStyle::Plain));
     for (const char *name : {"analLun", "AnalSezAste", "AnalColAste", "analLinAste"})
         sel->addWidget(Bind(name, new QCheckBox(frameSel), BindingStyle::Plain));
+    // Each tolerance box shows its caption beside it: two widgets of one control, the box
+    // bound first, as the control's own widget.
+    auto *tolerances = new QGridLayout;
+    tolerances->setHorizontalSpacing(6);
+    tolerances->setVerticalSpacing(2);
+    int row = 0;
+    for (const char *name : {"TolAngoli", "TolLunghezze"}) {
+        auto *box = new QLineEdit(frameSel);
+        box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000.000")) + 12);
+        connect(box, &QLineEdit::editingFinished, this,
+                [this] { Run([](Program &p) { Tolleranza_Change(p); }); });
+        Bind(name, box, BindingStyle::Plain);
+        tolerances->addWidget(Bind(name, Label(frameSel), BindingStyle::Plain), row, 0);
+        tolerances->addWidget(box, row++, 1);
+    }
+    tolerances->setColumnStretch(2, 1);
+    sel->addLayout(tolerances);
     sel->addStretch();
     Bind("FrameSel", frameSel, BindingStyle::Placed);
 

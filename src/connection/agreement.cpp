@@ -1,0 +1,47 @@
+// When a bar of a candidate joint counts as alike a base bar, exactly or within tolerances.
+#include "connection/agreement.h"
+
+#include "platform/portable_math.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorna {
+
+Agreement::Agreement(const AnalogyParameters &params)
+    : tolerant_(params.Tolerant()), lengths_(params.compareLengths),
+      angle_(std::max(params.angleTolerance, 0.0)), length_(std::max(params.lengthTolerance, 0.0)) {
+    const double radians = angle_ * kPi / 180;
+    chord_ = angle_ > 0 ? 2 * Sin(radians / 2) : kAgreementNorm;
+    // Components within 0.0001 leave an angle of at most 0.01 degrees.
+    const double reach = angle_ > 0 ? radians : 0.0002;
+    cosineFloor_ = Cos(std::min(reach + 1e-6, kPi)) - 1e-9;
+}
+
+bool Agreement::Directions(const Vec3 &u, const Vec3 &w) const {
+    if (angle_ <= 0)
+        return AllBelow(Sub(u, w), kTolerance);
+    return Dot(u, w) >= cosineFloor_ && AngleDegrees(u, w) <= angle_;
+}
+
+std::optional<double> Agreement::Within(const Vec3 &u, const Vec3 &w) const {
+    if (angle_ <= 0)
+        return AllBelow(Sub(u, w), kTolerance) ? std::optional(AngleDegrees(u, w)) : std::nullopt;
+    if (Dot(u, w) < cosineFloor_)
+        return std::nullopt;
+    const double angle = AngleDegrees(u, w);
+    return angle <= angle_ ? std::optional(angle) : std::nullopt;
+}
+
+bool Agreement::LengthsAgree(double a, double b) const {
+    if (length_ <= 0)
+        return std::fabs(a - b) < kTolerance;
+    return std::fabs(a - b) <= length_ / 100 * std::max(a, b);
+}
+
+double LengthDeviation(double a, double b) {
+    const double longer = std::max(std::fabs(a), std::fabs(b));
+    return longer > 0 ? 100 * std::fabs(a - b) / longer : 0.0;
+}
+
+} // namespace vorna
