@@ -10,6 +10,7 @@
 #include "connection/joint_types.h"
 #include "connection/rotation_match.h"
 #include "connection/why_not.h"
+#include "connection_support.h"
 #include "exchange/result_file.h"
 #include "projection/projection.h"
 #include "recording_canvas.h"
@@ -28,55 +29,7 @@
 namespace vorna {
 namespace {
 
-// A hand-built frame with its projection; every node shown.
-struct Frame {
-    std::unique_ptr<StructureModel> m = std::make_unique<StructureModel>();
-    std::unique_ptr<ViewState> view = std::make_unique<ViewState>();
-    ConnectionState s;
-    int tooMany = 0; // candidates found with more bars than a connection can have
-
-    int Point(double x, double y, double z) {
-        m->points[m->pointCount] = {x, y, z};
-        return m->pointCount++;
-    }
-    int Node(int point, int name) {
-        m->nodes[m->nodeCount] = {static_cast<std::int16_t>(point), 0, 1,
-                                  static_cast<std::int16_t>(name), 0};
-        view->nodeShown[m->nodeCount] = 1;
-        return m->nodeCount++;
-    }
-    int Bar(int i, int j, int name, int colour = 1) {
-        m->bars[m->barCount] = {static_cast<std::int16_t>(i), static_cast<std::int16_t>(j), 0,
-                                static_cast<std::int16_t>(colour), static_cast<std::int16_t>(name)};
-        return m->barCount++;
-    }
-    // A node at (x, y, z) with bars to each offset, named 100 + their index.
-    int Joint(double x, double y, double z, const std::vector<Vec3> &offsets, int name) {
-        int p = Point(x, y, z), n = Node(p, name);
-        for (const Vec3 &d : offsets)
-            Bar(p, Point(x + d[0], y + d[1], z + d[2]), 100 + m->barCount);
-        return n;
-    }
-    void Project(double a = 30, double b = 30, double c = 0) {
-        ProjectStructure(*m, *view, a, b, c);
-    }
-    BaseBarsResult ChooseBase(int node) {
-        s.baseNode = static_cast<std::int16_t>(node);
-        return GatherBaseBars(*m, *view, s);
-    }
-    // 1 when found analogous.
-    int Test(int node, AnalogyParameters params = {}) {
-        const AnalogyOutcome outcome = TestAnalogy(*m, *view, s, params, node);
-        tooMany += outcome == AnalogyOutcome::TooManyBars;
-        return outcome == AnalogyOutcome::Analogous;
-    }
-    std::vector<int> Listed() const {
-        std::vector<int> nodes;
-        for (const AnalogousNode &r : s.analogousNodes)
-            nodes.push_back(r.node);
-        return nodes;
-    }
-};
+using namespace vorna::test;
 
 AnalogousNode Record(int node, std::vector<int> bars) {
     AnalogousNode r;
@@ -86,23 +39,7 @@ AnalogousNode Record(int node, std::vector<int> bars) {
     return r;
 }
 
-AnalogyParameters Params(AnalogyMethod method, bool lengths = true) {
-    AnalogyParameters p;
-    p.method = method;
-    p.compareLengths = lengths;
-    return p;
-}
-
 const std::vector<Vec3> kBeamColumn = {{-2, 0, 0}, {3, 0, 0}, {0, 0, -3}};
-
-// The test's verdict on two joints and, when analogous, the record it lists.
-std::optional<AnalogousNode> Matched(const StructureModel &m, const Joint &base,
-                                     const Joint &candidate, const AnalogyParameters &params) {
-    const Verdict v = CompareJoints(m, base, candidate, params);
-    if (!v.Analogous())
-        return std::nullopt;
-    return RecordOf(base, candidate, v, params);
-}
 
 TEST(BaseNode, NamedBarsAtTheProjectedNodeUpToAHundred) {
     Frame f;
@@ -164,23 +101,6 @@ TEST(Analogy, SharedBarsZeroLengthsPropertiesAndTheHundredBarLimit) {
     EXPECT_EQ(f.tooMany, 1);
 }
 
-int Roll(std::mt19937 &rng, int n) {
-    return static_cast<int>(rng() % static_cast<unsigned>(n));
-}
-
-// v turned by angle about the unit axis (Rodrigues).
-Vec3 Turned(const Vec3 &v, const Vec3 &axis, double angle) {
-    const Vec3 across = Cross(axis, v);
-    const double along = Dot(axis, v) * (1 - std::cos(angle));
-    return {v[0] * std::cos(angle) + across[0] * std::sin(angle) + axis[0] * along,
-            v[1] * std::cos(angle) + across[1] * std::sin(angle) + axis[1] * along,
-            v[2] * std::cos(angle) + across[2] * std::sin(angle) + axis[2] * along};
-}
-
-Vec3 UnitOf(const Vec3 &v) {
-    return Scaled(v, 1 / Norm(v));
-}
-
 TEST(Analogy, RotatedJointsAreFoundMirrorImagesAndBentOnesAreNot) {
     std::mt19937 rng(7);
     std::uniform_real_distribution<double> any(-1, 1), angle(0.1, 6.2);
@@ -221,17 +141,6 @@ TEST(Analogy, RotatedJointsAreFoundMirrorImagesAndBentOnesAreNot) {
             ClearAnalogous(f.s);
         }
     }
-}
-
-// Every pairing of n base bars with distinct candidates out of m, in lexicographic order (the
-// first n places of the permutations, each seen m - n factorial times), until visit says stop.
-template <typename Visit> void EachPairing(int n, int m, Visit visit) {
-    std::vector<int> order(m);
-    std::iota(order.begin(), order.end(), 0);
-    do {
-        if (!visit(std::vector<int>(order.begin(), order.begin() + n)))
-            return;
-    } while (std::next_permutation(order.begin(), order.end()));
 }
 
 // The first pairing, in lexicographic order, whose least-squares rotation fits every pair.
@@ -712,11 +621,17 @@ void RandomFrame(Frame &f, std::mt19937 &rng) {
 
 // A regular lattice where most joints repeat, turned or not: bars along the axes, now and then
 // a diagonal, an unnamed bar or another colour; some points moved by less than the tolerance
-// so that lengths agree in chains (a ~ b, b ~ c, not a ~ c).
-void RepeatedJointsFrame(Frame &f, std::mt19937 &rng) {
+// so that lengths agree in chains (a ~ b, b ~ c, not a ~ c). With noise every coordinate moves by
+// up to that much, as a CAD export's rounding leaves a model.
+void RepeatedJointsFrame(Frame &f, std::mt19937 &rng, double noise = 0) {
     constexpr int nx = 5, ny = 4, nz = 3;
+    std::uniform_real_distribution<double> rounding(-noise, noise);
     for (int p = 0; p < nx * ny * nz; ++p) {
-        auto jitter = [&] { return Roll(rng, 12) == 0 ? (Roll(rng, 2) * 2 - 1) * 0.00007 : 0.0; };
+        auto jitter = [&] {
+            return noise > 0            ? rounding(rng)
+                   : Roll(rng, 12) == 0 ? (Roll(rng, 2) * 2 - 1) * 0.00007
+                                        : 0.0;
+        };
         f.Point(p % nx + jitter(), p / nx % ny + jitter(), p / (nx * ny) + jitter());
         f.Node(p, p + 1);
     }
@@ -846,15 +761,17 @@ TEST(JointTypes, CrowdedNodesUnnamedHeadsAndTheTolerance) {
     }
 }
 
+// Every fourth round a rounded frame under tolerances, where the index reaches as far as they do.
 TEST(JointTypes, FastCatalogueEqualsTheLiteralGroupingOnRandomFrames) {
     std::mt19937 rng(4242);
     int types = 0, nodes = 0;
     for (int round = 0; round < 40; ++round) {
         Frame f;
+        const bool rounded = round % 4 == 1;
         if (round % 4 == 0)
             RandomFrame(f, rng);
         else
-            RepeatedJointsFrame(f, rng);
+            RepeatedJointsFrame(f, rng, rounded ? 0.002 * (1 + Roll(rng, 6)) : 0);
         for (int n = 0; n < f.m->nodeCount; ++n) {
             f.view->nodeShown[n] = Roll(rng, 8) != 0;
             if (Roll(rng, 10) == 0)
@@ -865,6 +782,11 @@ TEST(JointTypes, FastCatalogueEqualsTheLiteralGroupingOnRandomFrames) {
                 AnalogyParameters params = Params(static_cast<AnalogyMethod>(method), lengths);
                 params.compareColours = Roll(rng, 3) == 0;
                 params.compareSections = Roll(rng, 3) == 0;
+                if (rounded) {
+                    params.angleTolerance = std::array{0.0, 0.5, 1.0, 4.0}[Roll(rng, 4)];
+                    params.lengthTolerance = std::array{0.0, 0.5, 2.0}[Roll(rng, 3)];
+                    params.lengthTolerance += params.Tolerant() ? 0 : 1;
+                }
                 const JointTypeCatalogue fast =
                     CatalogueJointTypes(*f.m, *f.view, f.s.barIndex, params);
                 const JointTypeCatalogue literal = reference::Catalogue(*f.m, *f.view, params);
@@ -995,10 +917,11 @@ TEST(WhyNot, VerdictIsTheTestsOnRandomFramesUnderEveryParameter) {
     std::mt19937 rng(20261125);
     for (int round = 0; round < 16; ++round) {
         Frame f;
+        const bool rounded = round % 4 == 2; // then under tolerances
         if (round % 2)
             RandomFrame(f, rng);
         else
-            RepeatedJointsFrame(f, rng);
+            RepeatedJointsFrame(f, rng, rounded ? 0.01 : 0);
         for (int b = 0; b < f.m->barCount; ++b) {
             f.m->bars[b].sectionCard = static_cast<std::int16_t>(Roll(rng, 8) == 0);
             f.m->bars[b].lineType = static_cast<std::int16_t>(Roll(rng, 8) == 0);
@@ -1012,6 +935,10 @@ TEST(WhyNot, VerdictIsTheTestsOnRandomFramesUnderEveryParameter) {
             params.compareColours = (combination >> 3 & 1) != 0;
             params.compareLineTypes = (combination >> 4 & 1) != 0;
             params.compareSections = (combination >> 5 & 1) != 0;
+            if (rounded) {
+                params.angleTolerance = combination % 3;
+                params.lengthTolerance = 1 + combination % 2;
+            }
             for (int n = 0; n < f.m->nodeCount; ++n) {
                 const AnalogyExplanation e = ExplainNodeAnalogy(*f.m, *f.view, f.s, params, n);
                 const AnalogyOutcome outcome = TestAnalogy(*f.m, *f.view, f.s, params, n);

@@ -80,15 +80,15 @@ inline std::string NameForProgram(const std::filesystem::path &path) {
 }
 
 // A demo suite made by make-demo-suite in a temporary folder, for one test; folder is the
-// suite's own folder name (UTF-8).
+// suite's own folder name (UTF-8), options the tool's (such as "--rounding 0.5").
 class DemoSuite {
 public:
-    explicit DemoSuite(const std::string &folder = "suite")
+    explicit DemoSuite(const std::string &folder = "suite", const std::string &options = "")
         : root_(dir_.path() / PathFromUtf8(folder)) {
         // The tool takes plain ASCII paths: the suite is made, then given its name.
         const std::filesystem::path made = dir_.path() / "made";
-        std::string command =
-            ShellQuoted(VORNA_DEMO_TOOL) + " " + ShellQuoted(made.string()) + " >/dev/null";
+        std::string command = ShellQuoted(VORNA_DEMO_TOOL) + " " + options + " " +
+                              ShellQuoted(made.string()) + " >/dev/null";
         EXPECT_EQ(std::system(command.c_str()), 0);
         std::error_code ec;
         std::filesystem::rename(made, root_, ec);

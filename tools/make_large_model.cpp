@@ -113,6 +113,7 @@ Structure LargeBuilding() {
 int Main(int argc, char **argv) {
     std::optional<std::filesystem::path> suite, folder, font;
     std::string name = "STRUTTUR.STR";
+    double rounding = 0;
     bool usable = true, named = false;
     for (int i = 1; i < argc && usable; ++i) {
         const std::string arg = argv[i];
@@ -120,6 +121,8 @@ int Main(int argc, char **argv) {
             suite = argv[++i];
         else if (arg == "--font" && i + 1 < argc)
             font = argv[++i];
+        else if (arg == "--rounding" && i + 1 < argc)
+            usable = ReadRounding(argv[++i], rounding);
         else if (arg.empty() || arg[0] == '-')
             usable = false;
         else if (!folder)
@@ -130,13 +133,15 @@ int Main(int argc, char **argv) {
             usable = false;
     }
     if (!usable || suite.has_value() == folder.has_value() || (font && !suite)) {
-        std::cerr << "usage: make-large-model DIR [NAME]\n"
-                     "       make-large-model --suite DIR [--font FILE]\n"
+        std::cerr << "usage: make-large-model [--rounding MM] DIR [NAME]\n"
+                     "       make-large-model --suite DIR [--font FILE] [--rounding MM]\n"
                      "writes a structure at the tables' full capacity to DIR/NAME (STRUTTUR.STR\n"
-                     "by default), or a whole suite root with that structure as its job\n";
+                     "by default), or a whole suite root with that structure as its job;\n"
+                     "--rounding moves every coordinate by up to MM millimetres\n";
         return 2;
     }
-    const Structure s = LargeBuilding();
+    Structure s = LargeBuilding();
+    MoveCoordinates(s, rounding / 10); // the building is drawn in centimetres
     const bool full = s.points.size() == kPointCapacity && s.nodes.size() == kNodeCapacity &&
                       s.bars.size() == kBarCapacity && s.shells.size() == kShellCapacity;
     if (!full) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <fstream>
 #include <map>
+#include <random>
 #include <system_error>
 #include <unordered_map>
 
@@ -197,6 +198,22 @@ std::string CheckStructure(const Structure &s) {
             if (line.find_first_of("\r\n") != std::string::npos)
                 return "a skipped line holds a line break";
     return {};
+}
+
+bool ReadRounding(const std::string &text, double &millimetres) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), millimetres);
+    return error == std::errc() && end == text.data() + text.size() && millimetres >= 0 &&
+           millimetres <= 1000;
+}
+
+void MoveCoordinates(Structure &s, double amount) {
+    if (amount <= 0)
+        return;
+    std::mt19937 rng(20261125);
+    std::uniform_real_distribution<double> draw(-amount, amount);
+    for (Point &p : s.points)
+        for (double *x : {&p.x, &p.y, &p.z})
+            *x = std::round((*x + draw(rng)) * 1000) / 1000;
 }
 
 std::string StructureText(const Structure &s) {

@@ -58,6 +58,12 @@ struct Structure {
 // The sections after the shells, with the filler both generators write.
 void AddTrailingSections(Structure &s);
 
+// Every coordinate moved by a draw from -amount to +amount, as a CAD export's rounding leaves a
+// model: the same draws on every run, the moved values kept to a thousandth of a unit.
+void MoveCoordinates(Structure &s, double amount);
+// The millimetres of --rounding: a number from 0 to 1000; false for anything else.
+bool ReadRounding(const std::string &text, double &millimetres);
+
 // Empty when the structure fits the reader's tables and field ranges, every index points at an
 // existing point or card, and every bar end and shell corner has a node on it.
 std::string CheckStructure(const Structure &s);

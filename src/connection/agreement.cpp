@@ -19,9 +19,11 @@ Agreement::Agreement(const AnalogyParameters &params)
 }
 
 bool Agreement::Directions(const Vec3 &u, const Vec3 &w) const {
-    if (angle_ <= 0)
-        return AllBelow(Sub(u, w), kTolerance);
-    return Dot(u, w) >= cosineFloor_ && AngleDegrees(u, w) <= angle_;
+    return (angle_ <= 0 || Dot(u, w) >= cosineFloor_) && DirectionsAgree(u, w, angle_);
+}
+
+bool DirectionsAgree(const Vec3 &u, const Vec3 &w, double degrees) {
+    return degrees > 0 ? AngleDegrees(u, w) <= degrees : AllBelow(Sub(u, w), kTolerance);
 }
 
 std::optional<double> Agreement::Within(const Vec3 &u, const Vec3 &w) const {

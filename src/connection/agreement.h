@@ -41,6 +41,9 @@ private:
     double cosineFloor_ = -2;
 };
 
+// Two unit vectors have the same direction within degrees, or, when it is 0, component by
+// component within 0.0001.
+bool DirectionsAgree(const Vec3 &u, const Vec3 &w, double degrees);
 // |a - b| in percent of the longer of the two; 0 when both are 0.
 double LengthDeviation(double a, double b);
 

@@ -2,6 +2,7 @@
 // that change them by hand, and the classification of the bars of every analogous node.
 #include "connection/bar_types.h"
 
+#include "connection/agreement.h"
 #include "connection/base_node.h"
 #include "platform/number_text.h"
 #include "platform/portable_math.h"
@@ -186,6 +187,13 @@ int TypeCount(const ConnectionInput &input) {
     return std::clamp(input.barTypeCount, 0, kMaxBarTypes);
 }
 
+// A base bar's direction and one of the record's agree, exactly or within the tolerance the
+// record was found with; mirrored: the record's bar mirrored in plan.
+bool Agree(const AnalogousNode &record, const Vec3 &b, const Vec3 &v, bool mirrored) {
+    const double degrees = record.match.withinTolerances ? record.match.angleTolerance : 0.0;
+    return DirectionsAgree(b, mirrored ? Mirror(v) : v, degrees);
+}
+
 // Under "Nodi identici e simmetrici" the first of the record's bars that agrees with a base
 // bar, identically (tested first) or mirrored, decides how the whole record is compared.
 bool IsMirroredRecord(const StructureModel &model, const ConnectionState &state,
@@ -196,9 +204,9 @@ bool IsMirroredRecord(const StructureModel &model, const ConnectionState &state,
             continue;
         for (int k = 0; k < state.baseBarCount; ++k) {
             const std::optional<Vec3> b = UnitBarVector(model, state.baseBars[k], state.baseNode);
-            if (b && SameDirection(*b, *v))
+            if (b && Agree(record, *b, *v, false))
                 return false;
-            if (b && MirroredDirection(*b, *v))
+            if (b && Agree(record, *b, *v, true))
                 return true;
         }
     }
@@ -288,9 +296,9 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
         const int type = state.baseBarTypes[k];
         for (std::size_t r = 0; r < records.size(); ++r) {
             AnalogousNode &record = records[r];
-            // Turned and free joints, and joints found within tolerances, pair their bars with
-            // the base bars when they are found: position k of a record is base bar k's.
-            if (!byDirection || record.match.withinTolerances) {
+            // Turned and free joints pair their bars with the base bars when they are found:
+            // position k of a record is base bar k's.
+            if (!byDirection) {
                 if (k >= record.barCount || record.bars[k] < 0 || record.bars[k] >= model.barCount)
                     continue;
                 record.barTypes[k] = static_cast<std::int16_t>(type);
@@ -299,7 +307,7 @@ TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState 
             }
             for (int m = 0; b && m < std::clamp<int>(record.barCount, 0, kMaxBaseBars); ++m) {
                 const std::optional<Vec3> v = UnitBarVector(model, record.bars[m], record.node);
-                if (!v || !(mirrored[r] ? MirroredDirection(*b, *v) : SameDirection(*b, *v)))
+                if (!v || !Agree(record, *b, *v, mirrored[r]))
                     continue;
                 record.barTypes[m] = static_cast<std::int16_t>(type);
                 list(type, record.bars[m]);

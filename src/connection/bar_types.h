@@ -42,9 +42,9 @@ struct TypeBarLists {
 };
 
 // Gives every bar of every record the type of the base bar whose direction it shares (mirrored
-// too under "Nodi identici e simmetrici"), or under "Nodi identici e ruotati" and "Nodi
-// qualsiasi", and in a record found within tolerances, the type of the base bar it was paired
-// with; bars that match none get type 1.
+// too under "Nodi identici e simmetrici"; within the angle tolerance in a record found within
+// tolerances), or under "Nodi identici e ruotati" and "Nodi qualsiasi" the type of the base bar
+// it was paired with; bars that match none get type 1.
 TypeBarLists ClassifyAnalogousBars(const StructureModel &model, ConnectionState &state,
                                    AnalogyMethod method);
 

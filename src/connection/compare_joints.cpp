@@ -199,6 +199,7 @@ AnalogousNode RecordOf(const Joint &base, const Joint &candidate, const Verdict 
                  : params.method == AnalogyMethod::Any                 ? MatchKind::Any
                                                                        : MatchKind::Identical;
     match.withinTolerances = params.Tolerant();
+    match.angleTolerance = params.angleTolerance;
     for (std::size_t k = 0; k < verdict.pairs.size(); ++k) {
         const PairVerdict &pair = verdict.pairs[k];
         record.bars[record.barCount++] = candidate.bars[pair.candidate].bar;

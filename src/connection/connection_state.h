@@ -28,9 +28,10 @@ enum class MatchKind : std::uint8_t { Base, Identical, Mirrored, Rotated, Any };
 // What the comparison that accepted a node found, kept with its record for the review.
 struct MatchSummary {
     MatchKind kind = MatchKind::Base;
-    // Found within tolerances: its bars share the base bars' directions only nearly, so they
-    // take their types by the pairing, not by a direction shared exactly.
+    // Found within tolerances: its bars share the base bars' directions within this angle in
+    // degrees (0: components within 0.0001), which is how they take their types.
     bool withinTolerances = false;
+    double angleTolerance = 0;
     std::bitset<kMaxBaseBars> mirrored; // the base bars taken mirrored ("simmetrici")
     Rotation rotation = kIdentity;      // "ruotati": base directions onto the node's
     double largestAngle = 0;            // degrees

@@ -71,8 +71,8 @@ Vec3 Unit(const Vec3 &v) {
     return Scaled(v, 1 / Norm(v));
 }
 
-Frame FrameOf(const Vec3 &first, const Vec3 *second) {
-    Frame f;
+OrthonormalFrame FrameOf(const Vec3 &first, const Vec3 *second) {
+    OrthonormalFrame f;
     f.along = Unit(first);
     const Vec3 n = second ? Cross(first, *second) : Vec3{0, 0, 0};
     f.normal = Norm(n) > 0 ? Unit(n) : Across(f.along);
@@ -81,7 +81,7 @@ Frame FrameOf(const Vec3 &first, const Vec3 *second) {
 }
 
 // The rotation that takes frame f onto frame g.
-Rotation Between(const Frame &f, const Frame &g) {
+Rotation Between(const OrthonormalFrame &f, const OrthonormalFrame &g) {
     Rotation r;
     for (std::size_t i = 0; i < 3; ++i)
         for (std::size_t k = 0; k < 3; ++k)

@@ -23,14 +23,14 @@ Vec3 Unit(const Vec3 &v);
 
 // A right-handed orthonormal frame: along first, then across the plane of first and second
 // (any way across when there is no second or no plane).
-struct Frame {
+struct OrthonormalFrame {
     Vec3 along, normal, third;
 };
 
 // The frame along first and across the plane of first and second (second may be missing).
-Frame FrameOf(const Vec3 &first, const Vec3 *second);
+OrthonormalFrame FrameOf(const Vec3 &first, const Vec3 *second);
 // The rotation that takes frame f onto frame g.
-Rotation Between(const Frame &f, const Frame &g);
+Rotation Between(const OrthonormalFrame &f, const OrthonormalFrame &g);
 
 // A rotation as a turn about an axis: the unit axis and the angle in degrees (0 to 180).
 struct RotationAxisAngle {

@@ -115,7 +115,7 @@ private:
     void TryAnchors(const Anchors &anchors) {
         const auto [a, c, j, d] = anchors;
         const Vec3 &va = *candidates_[c];
-        const Frame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
+        const OrthonormalFrame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
         const Rotation r0 = Between(from, FrameOf(va, d >= 0 ? &*candidates_[d] : nullptr));
         const double d1 = std::min(2.0, 2 * kAgreementNorm / baseNorm_[a]);
         double d2 = 2;

@@ -59,7 +59,7 @@ private:
     // anchors' own rotation r0 by at most d1 on the first anchor's axis and d1 + d2 across it
     // (chords), so |r0 b - v| stays below a bound for every pair of a passing pairing.
     void TryAnchors(int a, int c, int j, int d) {
-        const Frame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
+        const OrthonormalFrame from = FrameOf(base_[a], j >= 0 ? &base_[j] : nullptr);
         const Rotation r0 =
             Between(from, FrameOf(*candidates_[c], d >= 0 ? &*candidates_[d] : nullptr));
         const double d1 = std::min(2.0, reach_);
