@@ -26,8 +26,8 @@ struct Search {
     ConnectionState state;
     bool ready = false;
 
-    Search() {
-        if (LoadStructure(bench::LargeModelFolder().string(), *model) != LoadResult::Loaded)
+    explicit Search(const std::filesystem::path &folder) {
+        if (LoadStructure(folder.string(), *model) != LoadResult::Loaded)
             return;
         ProjectStructure(*model, *view, 30, 30, 0);
         std::fill(view->nodeShown.begin(), view->nodeShown.end(), 1);
@@ -40,20 +40,36 @@ struct Search {
 };
 
 Search &Shared() {
-    static Search search;
+    static Search search(bench::LargeModelFolder());
     return search;
 }
 
-void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
-    Search &s = Shared();
+Search &SharedRounded() {
+    static Search search(bench::RoundedLargeModelFolder());
+    return search;
+}
+
+// The tolerances of a run: none (the exact test), or 1 degree and 1 % on the model as it is or
+// rounded by up to half a millimetre.
+enum class Run { Exact, Within, RoundedWithin };
+
+AnalogyParameters ParamsOf(AnalogyMethod method, bool lengths, Run run) {
+    AnalogyParameters params;
+    params.method = method;
+    params.compareLengths = lengths;
+    if (run != Run::Exact)
+        params.angleTolerance = params.lengthTolerance = 1;
+    return params;
+}
+
+void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths, Run run) {
+    Search &s = run == Run::RoundedWithin ? SharedRounded() : Shared();
     if (!s.ready) {
         bm.SkipWithError("no large model or no node with four bars");
         return;
     }
     const int nodes = std::min<int>(static_cast<int>(bm.range(0)), s.model->nodeCount);
-    AnalogyParameters params;
-    params.method = method;
-    params.compareLengths = lengths;
+    const AnalogyParameters params = ParamsOf(method, lengths, run);
     for (auto _ : bm) {
         ResetAnalogousToBaseNode(s.state);
         for (int n = 0; n < nodes; ++n)
@@ -66,7 +82,7 @@ void BM_OfferNodes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
     bm.SetComplexityN(nodes);
 }
 #define VORNA_OFFER_NODES(name, method, lengths)                                                   \
-    BENCHMARK_CAPTURE(BM_OfferNodes, name, method, lengths)                                        \
+    BENCHMARK_CAPTURE(BM_OfferNodes, name, method, lengths, Run::Exact)                            \
         ->Arg(5000)                                                                                \
         ->Arg(10000)                                                                               \
         ->Arg(20001)                                                                               \
@@ -77,11 +93,23 @@ VORNA_OFFER_NODES(rotated, AnalogyMethod::Rotated, true);
 VORNA_OFFER_NODES(rotated_directions, AnalogyMethod::Rotated, false);
 VORNA_OFFER_NODES(any, AnalogyMethod::Any, true);
 VORNA_OFFER_NODES(any_directions, AnalogyMethod::Any, false);
+// Within 1 degree and 1 %, on the model and on its rounded copy.
+#define VORNA_OFFER_WITHIN(name, method)                                                           \
+    BENCHMARK_CAPTURE(BM_OfferNodes, within_##name, method, true, Run::Within)                     \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond);                                                           \
+    BENCHMARK_CAPTURE(BM_OfferNodes, rounded_within_##name, method, true, Run::RoundedWithin)      \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond)
+VORNA_OFFER_WITHIN(identical, AnalogyMethod::Identical);
+VORNA_OFFER_WITHIN(mirrored, AnalogyMethod::IdenticalOrMirrored);
+VORNA_OFFER_WITHIN(rotated, AnalogyMethod::Rotated);
+VORNA_OFFER_WITHIN(any, AnalogyMethod::Any);
 
 // The catalogue of joint types over the first nodes of the model (the others hidden), under
 // one method with bar lengths compared or not.
-void BM_CatalogueJointTypes(benchmark::State &bm, AnalogyMethod method, bool lengths) {
-    Search &s = Shared();
+void BM_CatalogueJointTypes(benchmark::State &bm, AnalogyMethod method, bool lengths, Run run) {
+    Search &s = run == Run::RoundedWithin ? SharedRounded() : Shared();
     if (!s.ready) {
         bm.SkipWithError("no large model");
         return;
@@ -89,9 +117,7 @@ void BM_CatalogueJointTypes(benchmark::State &bm, AnalogyMethod method, bool len
     const int nodes = std::min<int>(static_cast<int>(bm.range(0)), s.model->nodeCount);
     std::fill(s.view->nodeShown.begin(), s.view->nodeShown.end(), 0);
     std::fill(s.view->nodeShown.begin(), s.view->nodeShown.begin() + nodes, 1);
-    AnalogyParameters params;
-    params.method = method;
-    params.compareLengths = lengths;
+    const AnalogyParameters params = ParamsOf(method, lengths, run);
     JointTypeCatalogue catalogue;
     for (auto _ : bm) {
         catalogue = CatalogueJointTypes(*s.model, *s.view, s.state.barIndex, params);
@@ -102,7 +128,7 @@ void BM_CatalogueJointTypes(benchmark::State &bm, AnalogyMethod method, bool len
     bm.SetComplexityN(nodes);
 }
 #define VORNA_CATALOGUE(name, method, lengths)                                                     \
-    BENCHMARK_CAPTURE(BM_CatalogueJointTypes, name, method, lengths)                               \
+    BENCHMARK_CAPTURE(BM_CatalogueJointTypes, name, method, lengths, Run::Exact)                   \
         ->Arg(5000)                                                                                \
         ->Arg(10000)                                                                               \
         ->Arg(20001)                                                                               \
@@ -116,6 +142,18 @@ VORNA_CATALOGUE(rotated, AnalogyMethod::Rotated, true);
 VORNA_CATALOGUE(rotated_directions, AnalogyMethod::Rotated, false);
 VORNA_CATALOGUE(any, AnalogyMethod::Any, true);
 VORNA_CATALOGUE(any_directions, AnalogyMethod::Any, false);
+#define VORNA_CATALOGUE_WITHIN(name, method)                                                       \
+    BENCHMARK_CAPTURE(BM_CatalogueJointTypes, within_##name, method, true, Run::Within)            \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond);                                                           \
+    BENCHMARK_CAPTURE(BM_CatalogueJointTypes, rounded_within_##name, method, true,                 \
+                      Run::RoundedWithin)                                                          \
+        ->Arg(20001)                                                                               \
+        ->Unit(benchmark::kMillisecond)
+VORNA_CATALOGUE_WITHIN(identical, AnalogyMethod::Identical);
+VORNA_CATALOGUE_WITHIN(mirrored, AnalogyMethod::IdenticalOrMirrored);
+VORNA_CATALOGUE_WITHIN(rotated, AnalogyMethod::Rotated);
+VORNA_CATALOGUE_WITHIN(any, AnalogyMethod::Any);
 
 // The same model with every point moved by up to half a unit at random: no two joints agree,
 // every node heads a type of its own and each is tried against the heads near it.

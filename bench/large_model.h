@@ -8,16 +8,28 @@
 
 namespace vorna::bench {
 
+// A folder holding a STRUTTUR.STR made by make-large-model with these options.
+inline std::filesystem::path MadeLargeModel(const std::string &name, const std::string &options) {
+    auto dir = std::filesystem::temp_directory_path() / name;
+    std::filesystem::create_directories(dir);
+    std::string command =
+        std::string(VORNA_LARGE_TOOL) + " " + options + " " + dir.string() + " >/dev/null";
+    if (std::system(command.c_str()) != 0)
+        std::abort();
+    return dir;
+}
+
 // The folder holding the generated STRUTTUR.STR.
 inline const std::filesystem::path &LargeModelFolder() {
-    static const std::filesystem::path folder = [] {
-        auto dir = std::filesystem::temp_directory_path() / "vorna-bench-model";
-        std::filesystem::create_directories(dir);
-        std::string command = std::string(VORNA_LARGE_TOOL) + " " + dir.string() + " >/dev/null";
-        if (std::system(command.c_str()) != 0)
-            std::abort();
-        return dir;
-    }();
+    static const std::filesystem::path folder = MadeLargeModel("vorna-bench-model", "");
+    return folder;
+}
+
+// The same structure with every coordinate rounded by up to half a millimetre, as a CAD export
+// leaves it.
+inline const std::filesystem::path &RoundedLargeModelFolder() {
+    static const std::filesystem::path folder =
+        MadeLargeModel("vorna-bench-rounded-model", "--rounding 0.5");
     return folder;
 }
 

@@ -281,9 +281,7 @@ TEST(AnyMatch, PairingAgainstEnumerationOnSmallJoints) {
         Vec3 v = kind < 6 ? Vec3{any(rng), any(rng), any(rng)}
                           : Vec3{Roll(rng, 3) - 1.0, Roll(rng, 3) - 1.0, 1.0};
         v = kind == 1 ? Vec3{0, 0, 0} : Scaled(v, 1.0 + Roll(rng, 2));
-        b.vector = v;
-        b.length = Norm(v);
-        return b;
+        return JointBarOf(b.bar, v, Norm(v));
     };
     int accepted = 0;
     for (int round = 0; round < 600; ++round) {
@@ -315,9 +313,9 @@ TEST(AnyMatch, LargeJointsTakeTheAssignmentNotEnumeration) {
     for (int k = 0; k < 100; ++k) {
         const double a = 2 * std::numbers::pi * k / 100;
         const Vec3 v{std::cos(a), std::sin(a), 0.1 * (k % 7)};
-        candidate.bars.push_back({static_cast<std::int16_t>(k), v, Norm(v)});
+        candidate.bars.push_back(JointBarOf(static_cast<std::int16_t>(k), v, Norm(v)));
         const Vec3 w = Turned(v, {0, 0, 1}, 0.01);
-        base.bars.push_back({static_cast<std::int16_t>(k), w, Norm(w)});
+        base.bars.push_back(JointBarOf(static_cast<std::int16_t>(k), w, Norm(w)));
     }
     std::rotate(candidate.bars.begin(), candidate.bars.begin() + 37, candidate.bars.end());
     const auto match = Matched(*model, base, candidate, Params(AnalogyMethod::Any));

@@ -228,9 +228,9 @@ TEST(TolerantMatch, TurnedPairingAgainstEnumeration) {
 
         Joint b{0, {}}, c{1, {}};
         for (int k = 0; k < n; ++k)
-            b.bars.push_back({static_cast<std::int16_t>(k), base[k], 1});
+            b.bars.push_back(JointBarOf(static_cast<std::int16_t>(k), base[k], 1));
         for (int e = 0; e < m; ++e)
-            c.bars.push_back({static_cast<std::int16_t>(e), candidates[e], 1});
+            c.bars.push_back(JointBarOf(static_cast<std::int16_t>(e), candidates[e], 1));
         const auto expected = reference::Turned(
             b, c, Within(AnalogyMethod::Rotated, false, degrees, degrees > 0 ? 0 : 1));
         ASSERT_EQ(searched.has_value(), expected.has_value()) << round;

@@ -11,11 +11,12 @@ namespace vorna {
 Agreement::Agreement(const AnalogyParameters &params)
     : tolerant_(params.Tolerant()), lengths_(params.compareLengths),
       angle_(std::max(params.angleTolerance, 0.0)), length_(std::max(params.lengthTolerance, 0.0)) {
+    chord_ = kAgreementNorm;
+    if (angle_ <= 0)
+        return; // components compared: no angle to bound
     const double radians = angle_ * kPi / 180;
-    chord_ = angle_ > 0 ? 2 * Sin(radians / 2) : kAgreementNorm;
-    // Components within 0.0001 leave an angle of at most 0.01 degrees.
-    const double reach = angle_ > 0 ? radians : 0.0002;
-    cosineFloor_ = Cos(std::min(reach + 1e-6, kPi)) - 1e-9;
+    chord_ = 2 * Sin(radians / 2);
+    cosineFloor_ = Cos(std::min(radians + 1e-6, kPi)) - 1e-9;
 }
 
 bool Agreement::Directions(const Vec3 &u, const Vec3 &w) const {

@@ -28,10 +28,13 @@ double BarLength(const StructureModel &model, int bar) {
     return Norm(Sub(ToVec(PointAt(model, b.pointI)), ToVec(PointAt(model, b.pointJ))));
 }
 
-std::optional<Vec3> BarVectorAtNode(const StructureModel &model, int bar, int node) {
+namespace {
+
+// The vector of a bar whose length is known.
+std::optional<Vec3> VectorAtNode(const StructureModel &model, int bar, int node, double length) {
     if (!BarInModel(model, bar) || !NodeInModel(model, node))
         return std::nullopt;
-    if (BarLength(model, bar) <= kTolerance)
+    if (length <= kTolerance)
         return Vec3{0, 0, 0};
     const Bar &b = model.bars[bar];
     const Vec3 p = ToVec(PointAt(model, model.nodes[node].pointIndex));
@@ -41,6 +44,12 @@ std::optional<Vec3> BarVectorAtNode(const StructureModel &model, int bar, int no
     if (AllBelow(Sub(j, p), kTolerance))
         return Sub(i, j);
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Vec3> BarVectorAtNode(const StructureModel &model, int bar, int node) {
+    return VectorAtNode(model, bar, node, BarLength(model, bar));
 }
 
 std::array<double, 3> BarVector(const StructureModel &model, int bar, int node) {
@@ -65,30 +74,29 @@ bool MirroredDirection(const Vec3 &a, const Vec3 &b) {
     return AllBelow({a[0] + b[0], a[1] + b[1], a[2] - b[2]}, kTolerance);
 }
 
-Joint JointAt(const StructureModel &model, int node, const std::vector<std::int16_t> &bars) {
+Joint JointAt(const StructureModel &model, int node, std::span<const std::int16_t> bars) {
     Joint joint;
     joint.node = node;
     joint.bars.reserve(bars.size());
-    for (std::int16_t b : bars)
-        joint.bars.push_back({b, BarVectorAtNode(model, b, node), BarLength(model, b)});
+    for (std::int16_t b : bars) {
+        const double length = BarLength(model, b);
+        joint.bars.push_back(JointBarOf(b, VectorAtNode(model, b, node, length), length));
+    }
     return joint;
 }
 
 // The same numbers as UnitBarVector, from the vector and length already at hand.
-std::optional<Vec3> DirectionOf(const JointBar &bar) {
-    if (bar.length <= kTolerance || !bar.vector)
-        return std::nullopt;
-    return Scaled(*bar.vector, 1 / bar.length);
-}
-
-std::optional<Vec3> ComparedVector(const JointBar &bar, bool lengths) {
-    return lengths ? bar.vector : DirectionOf(bar);
+JointBar JointBarOf(std::int16_t bar, std::optional<Vec3> vector, double length) {
+    JointBar b{bar, vector, length, std::nullopt};
+    if (length > kTolerance && vector)
+        b.direction = Scaled(*vector, 1 / length);
+    return b;
 }
 
 Joint BaseJoint(const StructureModel &model, const ConnectionState &state) {
-    const std::vector<std::int16_t> bars(state.baseBars.begin(),
-                                         state.baseBars.begin() + BaseBarsInTable(state));
-    return JointAt(model, state.baseNode, bars);
+    return JointAt(
+        model, state.baseNode,
+        std::span(state.baseBars.data(), static_cast<std::size_t>(BaseBarsInTable(state))));
 }
 
 AnalogyOutcome TestAnalogy(const StructureModel &model, const ViewState &view,

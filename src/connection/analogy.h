@@ -7,6 +7,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace vorna {
@@ -33,7 +34,13 @@ struct JointBar {
     std::int16_t bar = 0;
     std::optional<Vec3> vector; // BarVectorAtNode
     double length = 0;          // BarLength
+    // The vector divided by the length; nothing for a bar of no length (0.0001 or less) or one
+    // that meets the node only in the projection: they have no direction.
+    std::optional<Vec3> direction;
 };
+
+// The bar with its direction worked out from its vector and length.
+JointBar JointBarOf(std::int16_t bar, std::optional<Vec3> vector, double length);
 
 // A node with the bars that take part in a test, in order: the base bars of a base node, or
 // every candidate bar of a candidate node.
@@ -42,13 +49,15 @@ struct Joint {
     std::vector<JointBar> bars;
 };
 
-Joint JointAt(const StructureModel &model, int node, const std::vector<std::int16_t> &bars);
+Joint JointAt(const StructureModel &model, int node, std::span<const std::int16_t> bars);
 
 // The vector a test compares: the bar's own when lengths must agree, else divided by the length.
-std::optional<Vec3> ComparedVector(const JointBar &bar, bool lengths);
-// The unit vector along the bar; nothing for a bar of no length (0.0001 or less) or one that
-// meets the node only in the projection: they have no direction.
-std::optional<Vec3> DirectionOf(const JointBar &bar);
+inline const std::optional<Vec3> &ComparedVector(const JointBar &bar, bool lengths) {
+    return lengths ? bar.vector : bar.direction;
+}
+inline const std::optional<Vec3> &DirectionOf(const JointBar &bar) {
+    return bar.direction;
+}
 // The base node with its base bars (at most 100 of them).
 Joint BaseJoint(const StructureModel &model, const ConnectionState &state);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 
 namespace vorna {
 namespace {
@@ -13,12 +14,23 @@ namespace {
 // paths differ by a few ulps, and such assignments are meant to tie.
 constexpr double kTight = 1e-9;
 
+// The rotated joints' search asks for many small matchings: the matcher keeps both sides of the
+// matching in one buffer and its flags in another, and a move's copy to go back to in a third.
 struct Matcher {
+    explicit Matcher(const BipartiteGraph &g)
+        : graph(g), sides(static_cast<std::size_t>(g.rows + g.columns), -1),
+          flags(static_cast<std::size_t>(g.rows + g.columns)), columnOf(sides.data(), g.rows),
+          rowOf(sides.data() + g.rows, g.columns), fixed(flags.data(), g.rows),
+          seen(flags.data() + g.rows, g.columns) {}
+    Matcher(const Matcher &) = delete;
+    Matcher &operator=(const Matcher &) = delete;
+
     const BipartiteGraph &graph;
-    std::vector<int> columnOf = std::vector<int>(graph.rows, -1);
-    std::vector<int> rowOf = std::vector<int>(graph.columns, -1);
-    std::vector<std::uint8_t> fixed = std::vector<std::uint8_t>(graph.rows);
-    std::vector<std::uint8_t> seen = std::vector<std::uint8_t>(graph.columns);
+    std::vector<int> sides;
+    std::vector<std::uint8_t> flags;
+    std::vector<int> before;
+    std::span<int> columnOf, rowOf;
+    std::span<std::uint8_t> fixed, seen;
 
     // An augmenting path from row r (Kuhn's method) that never moves a fixed row. The depth is
     // at most the number of rows: every step takes a column not seen before.
@@ -42,7 +54,7 @@ struct Matcher {
         const int holder = rowOf[c];
         if (holder >= 0 && fixed[holder])
             return false;
-        const std::vector<int> columnsBefore = columnOf, rowsBefore = rowOf;
+        before = sides;
         rowOf[columnOf[k]] = -1;
         columnOf[k] = c;
         rowOf[c] = k;
@@ -55,8 +67,7 @@ struct Matcher {
         if (Augment(holder))
             return true;
         fixed[k] = 0;
-        columnOf = columnsBefore;
-        rowOf = rowsBefore;
+        std::copy(before.begin(), before.end(), sides.begin());
         return false;
     }
 };
@@ -66,7 +77,7 @@ struct Matcher {
 std::optional<std::vector<int>> LexFirstMatching(const BipartiteGraph &graph, int orderedRows) {
     if (graph.rows > graph.columns)
         return std::nullopt;
-    Matcher m{graph};
+    Matcher m(graph);
     for (int r = 0; r < graph.rows; ++r) {
         std::fill(m.seen.begin(), m.seen.end(), 0);
         if (!m.Augment(r))
@@ -80,7 +91,7 @@ std::optional<std::vector<int>> LexFirstMatching(const BipartiteGraph &graph, in
                 break;
         m.fixed[k] = 1;
     }
-    return m.columnOf;
+    return std::vector<int>(m.columnOf.begin(), m.columnOf.end());
 }
 
 std::optional<std::vector<int>>

@@ -33,9 +33,12 @@ int Bars(const StructureModel &model) {
     return std::clamp<int>(model.barCount, 0, kBarCapacity);
 }
 
-bool Before(const ProjectedBarIndex::Entry &a, const ProjectedBarIndex::Entry &b) {
-    return std::tie(a.cellX, a.cellY, a.bar) < std::tie(b.cellX, b.cellY, b.bar);
-}
+// A function object rather than a function, so that the sort and the searches inline it.
+struct Before {
+    bool operator()(const ProjectedBarIndex::Entry &a, const ProjectedBarIndex::Entry &b) const {
+        return std::tie(a.cellX, a.cellY, a.bar) < std::tie(b.cellX, b.cellY, b.bar);
+    }
+};
 
 } // namespace
 
@@ -50,7 +53,7 @@ void BuildBarIndex(ProjectedBarIndex &index, const StructureModel &model, const 
                 index.entries.push_back({CellOf(x), CellOf(y), static_cast<std::int16_t>(b)});
         }
     }
-    std::sort(index.entries.begin(), index.entries.end(), Before);
+    std::sort(index.entries.begin(), index.entries.end(), Before{});
     index.built = true;
     index.model = &model;
     index.view = &view;
@@ -76,8 +79,9 @@ void BarsAtProjectedPoint(const ProjectedBarIndex &index, const StructureModel &
         return;
     const std::int64_t cx = CellOf(x), cy = CellOf(y);
     for (std::int64_t column = cx - 1; column <= cx + 1; ++column) {
-        auto first = std::lower_bound(index.entries.begin(), index.entries.end(),
-                                      ProjectedBarIndex::Entry{column, cy - 1, INT16_MIN}, Before);
+        auto first =
+            std::lower_bound(index.entries.begin(), index.entries.end(),
+                             ProjectedBarIndex::Entry{column, cy - 1, INT16_MIN}, Before{});
         for (auto it = first;
              it != index.entries.end() && it->cellX == column && it->cellY <= cy + 1; ++it) {
             const Bar &bar = model.bars[it->bar];

@@ -16,14 +16,6 @@ const Bar &BarOf(const StructureModel &m, int bar) {
     return bar >= 0 && bar < m.barCount ? m.bars[bar] : none;
 }
 
-std::vector<std::optional<Vec3>> DirectionsOf(const Joint &joint) {
-    std::vector<std::optional<Vec3>> d;
-    d.reserve(joint.bars.size());
-    for (const JointBar &b : joint.bars)
-        d.push_back(DirectionOf(b));
-    return d;
-}
-
 // Colours, line types and sections, in this order, for every base bar and its bar.
 void CheckProperties(const StructureModel &m, const ComparedJoints &j, Verdict &v) {
     const AnalogyParameters &params = j.params;
@@ -51,34 +43,35 @@ void CheckProperties(const StructureModel &m, const ComparedJoints &j, Verdict &
 
 ComparedJoints::ComparedJoints(const Joint &base_, const Joint &candidate_,
                                const AnalogyParameters &params_, Scrutiny scrutiny_)
-    : base(base_), candidate(candidate_), params(params_), rule(params_), scrutiny(scrutiny_),
-      baseDirections(DirectionsOf(base_)), candidateDirections(DirectionsOf(candidate_)) {}
+    : base(base_), candidate(candidate_), params(params_), rule(params_), scrutiny(scrutiny_) {}
 
 void ComparedJoints::Take(Verdict &v, int k, int c, std::optional<double> angle,
                           bool mirrored) const {
     PairVerdict &pair = v.pairs[k];
     pair.candidate = c;
     pair.mirrored = mirrored;
+    if (!Figures())
+        return;
     pair.angle = angle;
     pair.lengthDeviation = LengthDeviation(BaseLength(k), CandidateLength(c));
 }
 
 void ComparedJoints::Nearest(Verdict &v, int k, bool mirrors,
-                             const std::vector<std::uint8_t> *allowed) const {
+                             std::span<const std::uint8_t> allowed) const {
     PairVerdict &pair = v.pairs[k];
-    const std::optional<Vec3> &b = baseDirections[k];
+    const std::optional<Vec3> &b = BaseDirection(k);
     if (!b)
         return;
-    for (std::size_t c = 0; c < candidateDirections.size(); ++c) {
-        const std::optional<Vec3> &w = candidateDirections[c];
-        if (!w || (allowed && !(*allowed)[c]))
+    for (int c = 0; c < static_cast<int>(candidate.bars.size()); ++c) {
+        const std::optional<Vec3> &w = CandidateDirection(c);
+        if (!w || (!allowed.empty() && !allowed[c]))
             continue;
         double angle = AngleDegrees(*b, *w);
         if (mirrors)
             angle = std::min(angle, AngleDegrees(*b, Mirror(*w)));
         if (!pair.angle || angle < *pair.angle) {
             pair.angle = angle;
-            pair.nearest = static_cast<int>(c);
+            pair.nearest = c;
             pair.lengthDeviation = LengthDeviation(BaseLength(k), CandidateLength(pair.nearest));
         }
     }
@@ -102,9 +95,9 @@ void PairCheapest(const ComparedJoints &j, Verdict &v) {
     std::vector<std::uint8_t> allowed(angle.size());
     const bool lengths = j.params.compareLengths;
     for (int k = 0; k < rows; ++k) {
-        const std::optional<Vec3> &u = j.baseDirections[k];
+        const std::optional<Vec3> &u = j.BaseDirection(k);
         for (int c = 0; c < columns && u; ++c) {
-            const std::optional<Vec3> &w = j.candidateDirections[c];
+            const std::optional<Vec3> &w = j.CandidateDirection(c);
             if (!w || (lengths && !j.rule.LengthsAgree(j.BaseLength(k), j.CandidateLength(c))))
                 continue;
             angle[k * columns + c] = AngleBetween(*u, *w);
@@ -123,16 +116,16 @@ void PairCheapest(const ComparedJoints &j, Verdict &v) {
     }
     if (j.Explained())
         for (int k = 0; k < rows; ++k)
-            j.Nearest(v, k, false, nullptr);
+            j.Nearest(v, k, false, {});
     // The first base bar that, with those before it, leaves no bar of its own: it has no
     // direction to pair, or only lengths keep the bars it could take.
     BipartiteGraph graph{0, columns, {}};
     for (int k = 0; k < rows; ++k) {
-        const bool direction = j.baseDirections[k].has_value();
+        const bool direction = j.BaseDirection(k).has_value();
         bool directionAnywhere = false;
         for (int c = 0; c < columns; ++c) {
             graph.edges.push_back(allowed[k * columns + c]);
-            directionAnywhere = directionAnywhere || (direction && j.candidateDirections[c]);
+            directionAnywhere = directionAnywhere || (direction && j.CandidateDirection(c));
         }
         graph.rows = k + 1;
         if (LexFirstMatching(graph, 0))
@@ -150,7 +143,6 @@ void PairCheapest(const ComparedJoints &j, Verdict &v) {
 Verdict CompareJoints(const StructureModel &model, const Joint &base, const Joint &candidate,
                       const AnalogyParameters &params, Scrutiny scrutiny) {
     Verdict v;
-    v.pairs.resize(base.bars.size());
     const auto inModel = [&](int node) { return node >= 0 && node < model.nodeCount; };
     if (!inModel(base.node) || !inModel(candidate.node)) {
         Fail(v, WhyNotReason::NotLive, -1);
@@ -167,6 +159,7 @@ Verdict CompareJoints(const StructureModel &model, const Joint &base, const Join
         Fail(v, WhyNotReason::BarCount, -1);
         return v;
     }
+    v.pairs.resize(base.bars.size());
     const ComparedJoints j(base, candidate, params, scrutiny);
     if (params.method == AnalogyMethod::Identical || candidate.node == base.node)
         PairInTurn(j, false, v);

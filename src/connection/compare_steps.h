@@ -5,6 +5,7 @@
 #include "connection/agreement.h"
 #include "connection/verdict.h"
 
+#include <span>
 #include <vector>
 
 namespace vorna {
@@ -19,16 +20,21 @@ struct ComparedJoints {
     const AnalogyParameters &params;
     Agreement rule;
     Scrutiny scrutiny;
-    std::vector<std::optional<Vec3>> baseDirections, candidateDirections;
 
     bool Explained() const { return scrutiny == Scrutiny::Explain; }
+    bool Figures() const { return scrutiny != Scrutiny::Verdict; }
+    const std::optional<Vec3> &BaseDirection(int k) const { return base.bars[k].direction; }
+    const std::optional<Vec3> &CandidateDirection(int c) const {
+        return candidate.bars[c].direction;
+    }
     double BaseLength(int k) const { return base.bars[k].length; }
     double CandidateLength(int c) const { return candidate.bars[c].length; }
-    // The base bar k takes the candidate's bar c: the pair's position and its deviations.
+    // The base bar k takes the candidate's bar c: the pair's position and, with figures, its
+    // deviations.
     void Take(Verdict &v, int k, int c, std::optional<double> angle, bool mirrored = false) const;
-    // The nearest bar in direction among those allowed (all when allowed is null), mirrored too
+    // The nearest bar in direction among those allowed (all when allowed is empty), mirrored too
     // when mirrors count, as the figures of a base bar without partner.
-    void Nearest(Verdict &v, int k, bool mirrors, const std::vector<std::uint8_t> *allowed) const;
+    void Nearest(Verdict &v, int k, bool mirrors, std::span<const std::uint8_t> allowed) const;
 };
 
 // The first failing criterion: the reason, its base bar and angle; later failures keep it.

@@ -19,19 +19,11 @@ double AngleReach() {
     return 4 * Asin(kAgreementNorm / 2);
 }
 
-// How far the values a node shares with a head it agrees with may lie from the head's.
-struct Reach {
-    double height = kTolerance; // z of the compared vectors
-    double length = kAgreementNorm;
-    double pair = AngleReach(); // angles or dot products between two compared vectors
-    bool logLengths = false;
-};
-
 // Within tolerances: a z of unit vectors moves by at most the chord; the angle between two bars
 // by at most twice the angle tolerance (each end by one); lengths within p percent have
 // logarithms within -ln(1 - p / 100).
-Reach ReachOf(const AnalogyParameters &params) {
-    Reach r;
+SignatureReach ReachOf(const AnalogyParameters &params) {
+    SignatureReach r{kTolerance, kAgreementNorm, AngleReach(), false};
     if (!params.Tolerant()) {
         r.length = params.method == AnalogyMethod::Any ? kTolerance : kAgreementNorm;
         return r;
@@ -46,13 +38,16 @@ Reach ReachOf(const AnalogyParameters &params) {
 
 } // namespace
 
-Signature SignatureOf(const Joint &joint, const AnalogyParameters &params) {
+SignatureRules::SignatureRules(const AnalogyParameters &params)
+    : params_(params), reach_(ReachOf(params)) {}
+
+Signature SignatureRules::Of(const Joint &joint) const {
     Signature s;
-    const bool lengths = params.compareLengths;
-    const AnalogyMethod method = params.method;
+    const bool lengths = params_.compareLengths;
+    const AnalogyMethod method = params_.method;
     // Within tolerances every method compares directions, and lengths apart.
-    const bool directions = method == AnalogyMethod::Any || params.Tolerant();
-    const bool logLengths = ReachOf(params).logLengths;
+    const bool directions = method == AnalogyMethod::Any || params_.Tolerant();
+    const bool logLengths = reach_.logLengths;
     std::vector<Vec3> vectors;
     for (const JointBar &bar : joint.bars) {
         const std::optional<Vec3> v = directions ? DirectionOf(bar) : ComparedVector(bar, lengths);
@@ -115,12 +110,13 @@ bool Reaches(const std::vector<double> &a, const std::vector<double> &b, double 
 // A necessary condition for the node to be analogous to the head: false only when the test
 // could not pass. "Nodi identici" may give two base bars the same bar, so there the head's
 // values need only be covered; the other methods pair bars one to one.
-bool MayMatch(const Signature &head, const Signature &node, const AnalogyParameters &params) {
+bool SignatureRules::MayMatch(const Signature &head, const Signature &node) const {
     if (!head.complete)
         return false; // a base bar with nothing to compare finds no counterpart
     if (!head.finite || !node.finite)
         return true;
-    const Reach reach = ReachOf(params);
+    const AnalogyParameters &params = params_;
+    const SignatureReach &reach = reach_;
     switch (params.method) {
     case AnalogyMethod::Identical:
     case AnalogyMethod::IdenticalOrMirrored: {
@@ -152,7 +148,7 @@ struct HeadIndex::Impl {
     explicit Impl(const AnalogyParameters &params)
         : params_(params), directions_(params.Tolerant()) {
         const AnalogyMethod m = params.method;
-        const Reach reach = ReachOf(params);
+        const SignatureReach reach = ReachOf(params);
         logLengths_ = reach.logLengths;
         if (!directions_)
             reach_ = m != AnalogyMethod::Rotated ? kTolerance

@@ -27,11 +27,29 @@ struct Signature {
     std::vector<double> pairs;
 };
 
-Signature SignatureOf(const Joint &joint, const AnalogyParameters &params);
+// How far the values a node shares with a head it agrees with may lie from the head's.
+struct SignatureReach {
+    double height = 0; // z of the compared vectors
+    double length = 0;
+    double pair = 0; // angles or dot products between two compared vectors
+    bool logLengths = false;
+};
 
-// A necessary condition for the node to be analogous to the head: false only when the test
-// could not pass.
-bool MayMatch(const Signature &head, const Signature &node, const AnalogyParameters &params);
+// Signatures under one set of parameters, with the reaches they are compared within worked out
+// once.
+class SignatureRules {
+public:
+    explicit SignatureRules(const AnalogyParameters &params);
+
+    Signature Of(const Joint &joint) const;
+    // A necessary condition for the node to be analogous to the head: false only when the test
+    // could not pass.
+    bool MayMatch(const Signature &head, const Signature &node) const;
+
+private:
+    AnalogyParameters params_;
+    SignatureReach reach_;
+};
 
 // Where a node looks for the heads it may join. Each head files itself under one key, a point
 // in a grid of cells twice the reach wide, that every node analogous to it comes within the

@@ -24,6 +24,7 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
     KeepBarIndexCurrent(barIndex, model, view);
     std::vector<Head> heads; // heads[t] heads catalogue.types[t] until the final sort
     HeadIndex index(params);
+    const SignatureRules rules(params);
     std::vector<std::int16_t> bars;
     const int nodes = std::clamp<int>(model.nodeCount, 0, kNodeCapacity);
     for (int n = 0; n < nodes; ++n) {
@@ -38,14 +39,16 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
         }
         const int count = static_cast<int>(bars.size());
         Joint joint = JointAt(model, n, bars);
-        const Signature signature = SignatureOf(joint, params);
+        const Signature signature = rules.Of(joint);
         const std::vector<std::size_t> &candidates = index.Candidates(count, joint);
         Verdict verdict;
         auto joins = [&](std::size_t t) {
             const Head &head = heads[t];
-            if (head.base.bars.empty() || !MayMatch(head.signature, signature, params))
+            if (head.base.bars.empty() || !rules.MayMatch(head.signature, signature))
                 return false;
-            verdict = CompareJoints(model, head.base, joint, params);
+            // Exact, the catalogue shows no deviations: the verdict alone will do.
+            verdict = CompareJoints(model, head.base, joint, params,
+                                    params.Tolerant() ? Scrutiny::Figures : Scrutiny::Verdict);
             return verdict.Analogous();
         };
         if (auto t = std::find_if(candidates.begin(), candidates.end(), joins);
@@ -59,7 +62,7 @@ JointTypeCatalogue CatalogueJointTypes(const StructureModel &model, const ViewSt
         // The bars choosing it as base node gives: the named ones, in the same order.
         std::erase_if(joint.bars, [&](const JointBar &b) { return model.bars[b.bar].name <= 0; });
         index.Add(heads.size(), count, joint);
-        heads.push_back({joint, SignatureOf(joint, params)});
+        heads.push_back({joint, rules.Of(joint)});
         catalogue.types.push_back({count, {n}});
     }
     std::stable_sort(

@@ -18,8 +18,8 @@ int TakeTurned(const ComparedJoints &j, Verdict &v, const std::vector<int> &pair
     int worst = 0;
     for (int k = 0; k < static_cast<int>(pairing.size()); ++k) {
         const int c = pairing[k];
-        const std::optional<Vec3> &w = j.candidateDirections[c];
-        const Vec3 from = j.baseDirections[k].value_or(Vec3{0, 0, 0});
+        const std::optional<Vec3> &w = j.CandidateDirection(c);
+        const Vec3 from = j.BaseDirection(k).value_or(Vec3{0, 0, 0});
         const double residual = w && Norm(from) > 0 ? AngleDegrees(Rotate(r, from), *w) : 180.0;
         j.Take(v, k, c, residual);
         if (!paired) {
@@ -34,9 +34,16 @@ int TakeTurned(const ComparedJoints &j, Verdict &v, const std::vector<int> &pair
 
 std::vector<Vec3> BaseDirections(const ComparedJoints &j) {
     std::vector<Vec3> from;
-    for (const std::optional<Vec3> &d : j.baseDirections)
-        from.push_back(d.value_or(Vec3{0, 0, 0}));
+    for (const JointBar &b : j.base.bars)
+        from.push_back(DirectionOf(b).value_or(Vec3{0, 0, 0}));
     return from;
+}
+
+std::vector<std::optional<Vec3>> CandidateDirections(const ComparedJoints &j) {
+    std::vector<std::optional<Vec3>> directions;
+    for (const JointBar &c : j.candidate.bars)
+        directions.push_back(DirectionOf(c));
+    return directions;
 }
 
 // No pairing fits: explained, the best rotation of the directions alone names the base bar it
@@ -46,7 +53,7 @@ void NoRotation(const ComparedJoints &j, Verdict &v) {
         Fail(v, WhyNotReason::NoRotation, -1);
         return;
     }
-    const std::optional<RotationTry> fit = BestRotation(BaseDirections(j), j.candidateDirections);
+    const std::optional<RotationTry> fit = BestRotation(BaseDirections(j), CandidateDirections(j));
     if (!fit) {
         Fail(v, WhyNotReason::NoRotation, 0);
         return;
@@ -67,6 +74,7 @@ void PairTurnedExactly(const ComparedJoints &j, Verdict &v) {
         b.push_back(*compared);
     }
     std::vector<std::optional<Vec3>> vectors;
+    vectors.reserve(j.candidate.bars.size());
     for (const JointBar &c : j.candidate.bars)
         vectors.push_back(ComparedVector(c, lengths));
     const std::optional<std::vector<int>> found = MatchRotated(b, vectors);
@@ -74,10 +82,15 @@ void PairTurnedExactly(const ComparedJoints &j, Verdict &v) {
         NoRotation(j, v);
         return;
     }
+    if (!j.Figures()) {
+        for (int k = 0; k < static_cast<int>(found->size()); ++k)
+            j.Take(v, k, (*found)[k], std::nullopt);
+        return;
+    }
     // The figures are of directions: the rotation the pairing found fits them too.
     std::vector<Vec3> to;
     for (int c : *found)
-        to.push_back(j.candidateDirections[c].value_or(Vec3{0, 0, 0}));
+        to.push_back(j.CandidateDirection(c).value_or(Vec3{0, 0, 0}));
     TakeTurned(j, v, *found, BestFitRotation(BaseDirections(j), to), true);
 }
 
@@ -85,27 +98,28 @@ void PairTurnedWithin(const ComparedJoints &j, Verdict &v) {
     const int n = static_cast<int>(j.base.bars.size());
     const int m = static_cast<int>(j.candidate.bars.size());
     for (int k = 0; k < n; ++k)
-        if (!j.baseDirections[k]) {
+        if (!j.BaseDirection(k)) {
             Fail(v, WhyNotReason::NoRotation, k);
             return;
         }
     const bool lengths = j.params.compareLengths;
+    const std::vector<std::optional<Vec3>> directions = CandidateDirections(j);
     BipartiteGraph allowed{n, m, std::vector<std::uint8_t>(static_cast<std::size_t>(n) * m)};
     for (int k = 0; k < n; ++k)
         for (int c = 0; c < m; ++c)
             allowed.edges[k * m + c] =
-                j.candidateDirections[c] &&
+                directions[c] &&
                 (!lengths || j.rule.LengthsAgree(j.BaseLength(k), j.CandidateLength(c)));
     const std::vector<Vec3> from = BaseDirections(j);
-    if (const auto found = MatchRotatedWithin(from, j.candidateDirections, allowed, j.rule)) {
+    if (const auto found = MatchRotatedWithin(from, directions, allowed, j.rule)) {
         TakeTurned(j, v, found->pairing, found->rotation, true);
         return;
     }
     if (lengths && j.Explained()) {
         // A pairing that the lengths alone keep out: the first base bar whose length differs.
         for (int e = 0; e < n * m; ++e)
-            allowed.edges[e] = j.candidateDirections[e % m].has_value();
-        if (const auto turned = MatchRotatedWithin(from, j.candidateDirections, allowed, j.rule)) {
+            allowed.edges[e] = directions[e % m].has_value();
+        if (const auto turned = MatchRotatedWithin(from, directions, allowed, j.rule)) {
             TakeTurned(j, v, turned->pairing, turned->rotation, false);
             for (int k = 0; k < n; ++k)
                 if (!j.rule.LengthsAgree(j.BaseLength(k), j.CandidateLength(turned->pairing[k]))) {

@@ -24,10 +24,12 @@ enum class WhyNotReason {
     Section,
 };
 
-// How much is asked of a comparison: the verdict (the test, the catalogue), or also the figures
+// How much is asked of a comparison: the verdict and the pairing alone (the catalogue of joint
+// types, which shows no figures when exact); also the figures of the pairs (each angle and
+// length deviation, the rotation): the record of an analogous node keeps them; also the figures
 // of the base bars that found no partner, with the bar nearest in direction, and for a turned
 // joint that fits no rotation the best rotation found (the explanation).
-enum class Scrutiny { Verdict, Explain };
+enum class Scrutiny { Verdict, Figures, Explain };
 
 // One base bar against the candidate's bar paired with it.
 struct PairVerdict {
@@ -36,26 +38,31 @@ struct PairVerdict {
     // under "ruotati" the bar the best rotation found pairs it with.
     int nearest = -1;
     bool mirrored = false; // "simmetrici": paired with the mirror image
-    // Degrees between the directions as the method compares them (mirrored under "simmetrici",
-    // after the rotation under "ruotati"), to the nearest bar when none is paired; nothing when
-    // a bar has no direction.
+    // With figures: degrees between the directions as the method compares them (mirrored under
+    // "simmetrici", after the rotation under "ruotati"), to the nearest bar when none is paired;
+    // nothing when a bar has no direction.
     std::optional<double> angle;
-    // The lengths' difference in percent of the longer bar, of the paired or nearest bar.
+    // With figures: the lengths' difference in percent of the longer bar, of the paired or
+    // nearest bar.
     std::optional<double> lengthDeviation;
 };
 
 struct Verdict {
     AnalogyOutcome outcome = AnalogyOutcome::Rejected;
     WhyNotReason reason = WhyNotReason::None;
-    int failingBar = -1;            // 0-based base bar the reason names, -1 for none
-    std::optional<double> angle;    // degrees, for Direction and NoRotation when explained
-    std::vector<PairVerdict> pairs; // one per base bar, in order
-    // "Nodi identici e ruotati": the least-squares rotation of the base directions onto their
-    // bars' (explained and rejected: the best one tried), and its largest residual in degrees.
+    int failingBar = -1;         // 0-based base bar the reason names, -1 for none
+    std::optional<double> angle; // degrees, for Direction and NoRotation when explained
+    // One per base bar, in order; none when the nodes or the bar counts turned the candidate
+    // away.
+    std::vector<PairVerdict> pairs;
+    // "Nodi identici e ruotati", with figures: the least-squares rotation of the base directions
+    // onto their bars' (explained and rejected: the best one tried), and its largest residual in
+    // degrees.
     std::optional<Rotation> rotation;
     double rotationResidual = 0;
     std::optional<double> totalAngle; // "Nodi qualsiasi": the pairing's sum of angles, degrees
-    // Over the pairs of an analogous candidate: the largest angle and length deviation.
+    // With figures, over the pairs of an analogous candidate: the largest angle and length
+    // deviation.
     double largestAngle = 0;
     double largestLength = 0;
 
@@ -67,7 +74,7 @@ struct Verdict {
 // node offered as its own candidate is tested with identical directions under every method.
 // Nodes outside the model are NotLive.
 Verdict CompareJoints(const StructureModel &model, const Joint &base, const Joint &candidate,
-                      const AnalogyParameters &params, Scrutiny scrutiny = Scrutiny::Verdict);
+                      const AnalogyParameters &params, Scrutiny scrutiny = Scrutiny::Figures);
 
 // The record an analogous candidate is listed with: its node, and its bar for each base bar
 // with how the pair was matched.

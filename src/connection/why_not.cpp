@@ -70,7 +70,7 @@ AnalogyExplanation ExplainAnalogy(const StructureModel &m, const Joint &base,
     e.angle = v.angle;
     e.candidateBarCount = static_cast<int>(candidate.bars.size());
     for (std::size_t k = 0; k < base.bars.size(); ++k) {
-        const PairVerdict &verdict = v.pairs[k];
+        const PairVerdict verdict = k < v.pairs.size() ? v.pairs[k] : PairVerdict{};
         BarPairFigures pair;
         const Bar &bar = BarOf(m, base.bars[k].bar);
         pair.baseBar = base.bars[k].bar;
@@ -168,7 +168,7 @@ std::vector<NearMiss> FindNearMisses(const StructureModel &model, const ViewStat
         if (bars.size() < base.bars.size() || bars.size() > static_cast<std::size_t>(kMaxBaseBars))
             continue;
         const Joint candidate = JointAt(model, n, bars);
-        if (CompareJoints(model, base, candidate, params).Analogous())
+        if (CompareJoints(model, base, candidate, params, Scrutiny::Verdict).Analogous())
             continue;
         misses.push_back({n, WhyNotReason::None, -1, NearMissScore(base, candidate, params)});
     }
