@@ -395,7 +395,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          Dump},
         {"set",
          "`set CONTROL TEXT`",
-         "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`",
+         "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`; "
+         "a tolerance box takes its value at once, as leaving it does: `set TolAngoli 2`",
          {kWord, kOptionalText},
          [](Session &s, const ScriptArgs &a) {
              Control *box = FindControl(s.p.form, a.text[0]);
@@ -581,7 +582,8 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
          "`dump controls` / `dump nodetypes` / `dump rows`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
          "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`); in \"Tipi "
-         "di nodo\", one line per type: `type K nodes=C bars=B head=NAME members=RANGE`; in "
+         "di nodo\", one line per type: `type K nodes=C bars=B head=NAME members=RANGE`, and "
+         "within tolerances ` dev=DEG/PCT`, the largest deviation of a member from the head; in "
          "`FormPercheNo`, the rows of its two lists: `Confronto(K)=CELLS`, "
          "`ListaQuasi(R)=CELLS`, the cells separated by `\\|`",
          {kWord},
