@@ -239,6 +239,30 @@ TEST(WindowUse, AnAngleThatIsNoNumberIsNamedAndTheViewKept) {
     EXPECT_EQ(ui.messages.size(), 2u);
 }
 
+// The tolerance boxes take what is typed when the user leaves them or presses Enter: a value out
+// of range is told once and the last valid one stays; a good one is kept in the job's file.
+TEST(WindowUse, ATypedToleranceIsTakenWhenTheBoxIsLeft) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {733, 546});
+    auto *box = static_cast<QLineEdit *>(w.Widget("TolAngoli"));
+    const QRect frame = w.InClient(w.Widget("FrameSel"));
+    EXPECT_TRUE(frame.contains(w.InClient(box))) << "the box lies within its frame";
+    box->setFocus();
+    QTest::keyClicks(box, "60");
+    w.Widget("TolLunghezze")->setFocus(); // Tab, or a click elsewhere
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Toll. angoli (\xB0): \"60\" non \xE8 un numero da 0 a 45. "
+                                   "Resta il valore 0.");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "1.5");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(w.program->tolerances.angle.value, 1.5);
+    EXPECT_EQ(test::ReadBytes(w.dir.path() / "suite" / "lavori" / "demo01" / "VornaTolleranze.txt"),
+              "TolAngoli=1.5\r\nTolLunghezze=\r\n");
+}
+
 TEST(WindowUse, ADrawingNamedWithoutExtensionGetsTheTypes) {
     test::RecordingUi ui;
     DemoWindow w(ui, {1000, 700});
