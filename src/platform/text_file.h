@@ -20,8 +20,9 @@ bool FileExists(const std::filesystem::path &path);
 // name no other run takes, with the old file's mode and owner, flushed to disk and renamed over
 // it. A read-only target is refused. What cannot be replaced is written into instead: a pipe or
 // a device, and a writable file in a folder that takes no new file. A signal that ends the
-// program meanwhile removes the temporary file first. False when the text did not reach the
-// target whole (a replaced target is then untouched).
+// program meanwhile removes the temporary file first; the temporary files of the target that
+// runs killed outright left behind go before the next save. False when the text did not reach
+// the target whole (a replaced target is then untouched).
 bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content);
 
 // Appends line and the CR LF that ends every line the program writes.
