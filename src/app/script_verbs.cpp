@@ -15,8 +15,10 @@
 #include "app/why_not.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
+#include "projection/navigation.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace vorna {
 namespace {
@@ -210,6 +212,17 @@ bool Mouse(Session &s, const ScriptArgs &a, MouseEvent::Kind kind) {
         e.held = given ? button : kNoButton;
     else
         e.button = static_cast<MouseButton>(button);
+    const ScaleRect now = s.p.disegno.Scale();
+    if (kind == MouseEvent::Kind::Press || kind == MouseEvent::Kind::DoubleClick) {
+        s.pressScale = now;
+        s.heldButtons |= button;
+    } else if (s.heldButtons != 0 && now != s.pressScale) {
+        // Delivered as the window delivers it, in the units of the picture now on screen (and
+        // untouched when nothing redrew, where the round trip would not give them back exactly).
+        std::tie(e.x, e.y) = InScaleOf(now, s.pressScale, e.x, e.y);
+    }
+    if (kind == MouseEvent::Kind::Release)
+        s.heldButtons &= ~button;
     Disegno_Mouse(s.p, e);
     return true;
 }

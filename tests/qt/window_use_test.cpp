@@ -280,19 +280,23 @@ TEST(WindowUse, ARightDragOrbitsAndARightClickStillPopsUp) {
     test::RecordingUi ui;
     DemoWindow w(ui, {1000, 700});
     const QPoint start = w.NodePixel(18);
+    // 100 pixels right and 20 up in four moves, each redrawing the turned view: 50° and 10°.
     QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
-    QMouseEvent move(QEvent::MouseMove, start + QPoint(20, -10), start + QPoint(20, -10),
-                     Qt::NoButton, Qt::RightButton, Qt::NoModifier);
-    QApplication::sendEvent(w.Disegno(), &move);
-    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(20, -10));
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "35");
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+    for (int k = 1; k <= 4; ++k) {
+        const QPoint at = start + QPoint(25, -5) * k;
+        QMouseEvent move(QEvent::MouseMove, at, w.Disegno()->mapToGlobal(at), Qt::NoButton,
+                         Qt::RightButton, Qt::NoModifier);
+        QApplication::sendEvent(w.Disegno(), &move);
+    }
+    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(100, -20));
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "40");
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "80");
     EXPECT_TRUE(ui.popUps.empty());
 
     QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
     QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(2, 1));
     EXPECT_EQ(ui.popUps, std::vector<std::string>{"Visualizza"});
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "80");
 }
 
 TEST(WindowUse, TheNodeUnderTheRestingCursorIsRingedOverThePicture) {
