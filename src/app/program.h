@@ -21,6 +21,12 @@
 
 namespace vorna {
 
+// The toolkit the front end runs on, for "Informazioni su vorna": none in vorna-batch.
+struct Toolkit {
+    std::string qtVersion; // "6.4.2"; empty without Qt
+    bool qtStatic = false; // Qt linked into the program rather than loaded from the system
+};
+
 struct Program {
     Program(Ui &ui_, Canvas &disegno_, Canvas &picture1_)
         : ui(ui_), disegno(disegno_), picture1(picture1_) {}
@@ -46,6 +52,8 @@ struct Program {
     FormVorna form = InitialForm();
     // Each node's fill by joint type while "Colora i tipi nel disegno" is checked; else empty.
     std::vector<std::uint32_t> jointTypeFills;
+
+    Toolkit toolkit;
 
     bool exitRequested = false;
     int exitStatus = 0;

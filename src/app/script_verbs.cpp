@@ -571,7 +571,8 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo)",
+         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo, "
+         "FormComandi, FormInformazioni)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -594,11 +595,13 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"dump",
          "`dump controls` / `dump nodetypes` / `dump rows`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
-         "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`); in \"Tipi "
-         "di nodo\", one line per type: `type K nodes=C bars=B head=NAME members=RANGE`, and "
-         "within tolerances ` dev=DEG/PCT`, the largest deviation of a member from the head; in "
-         "`FormPercheNo`, the rows of its two lists: `Confronto(K)=CELLS`, "
-         "`ListaQuasi(R)=CELLS`, the cells separated by `\\|`",
+         "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`, "
+         "`FormComandi.caption=`, `FormInformazioni.caption=`); in \"Tipi di nodo\", one line "
+         "per type: `type K nodes=C bars=B head=NAME members=RANGE`, and within tolerances "
+         "` dev=DEG/PCT`, the largest deviation of a member from the head; in `FormPercheNo`, "
+         "the rows of its two lists: `Confronto(K)=CELLS`, `ListaQuasi(R)=CELLS`, and in "
+         "`FormComandi` the gestures and keys: `ListaComandi(R)=GESTURE\\|EFFECT`, the cells "
+         "separated by `\\|`",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
              if (a.text[0] != "controls")
@@ -653,8 +656,8 @@ std::string ScriptLanguageTables() {
     AppendTable(out, WindowVerbs());
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
-    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`) is open, "
-           "the lines act on it until it closes:\n\n";
+    out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`, "
+           "`FormComandi`, `FormInformazioni`) is open, the lines act on it until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

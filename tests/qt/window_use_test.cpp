@@ -13,11 +13,14 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -180,6 +183,49 @@ TEST(WindowUse, EscInTheColourChooserLeavesTheOptionsDialogOpen) {
     });
     w.Item("O&pzioni...")->trigger();
     EXPECT_TRUE(optionsOpenAfterEsc);
+}
+
+// The menu "?" after Opzioni: F1 opens the gestures and keys, the other item the version and
+// the licences; each dialog fits on the screen at any scale, its lists and paragraphs wrapped
+// to its width, and Esc closes it.
+TEST(WindowUse, TheHelpMenuOpensDialogsThatFitTheScreen) {
+    MainWindow *parent = nullptr;
+    QtUi ui(parent);
+    DemoWindow w(ui, {733, 546});
+    const QList<QAction *> menus = w.window.menuBar()->actions();
+    ASSERT_GE(menus.size(), 2);
+    EXPECT_EQ(menus[menus.size() - 2]->text(), "Op&zioni");
+    EXPECT_EQ(menus.back()->text(), "?");
+    int opened = 0;
+    auto check = [&](const char *caption, auto inspect) {
+        QTimer::singleShot(0, [&, caption, inspect] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            ++opened;
+            EXPECT_EQ(dialog->windowTitle(), caption);
+            const QSize room = dialog->screen()->availableGeometry().size();
+            EXPECT_LE(dialog->width(), room.width());
+            EXPECT_LE(dialog->height(), room.height());
+            inspect(dialog);
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+    };
+    check("Comandi di mouse e tastiera", [](QDialog *dialog) {
+        auto *list = dialog->findChild<QTreeWidget *>();
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->topLevelItemCount(), 14);
+        EXPECT_LE(list->header()->length(), list->viewport()->width()) << "cut on the right";
+    });
+    QTest::keyClick(&w.window, Qt::Key_F1);
+    check("Informazioni su vorna", [](QDialog *dialog) {
+        bool qtNamed = false;
+        for (QLabel *label : dialog->findChildren<QLabel *>())
+            qtNamed = qtNamed || label->text().startsWith("Qt " + QString(qVersion()) + ",");
+        EXPECT_TRUE(qtNamed);
+    });
+    w.Item("Informazioni su vorna")->trigger();
+    EXPECT_EQ(opened, 2);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
