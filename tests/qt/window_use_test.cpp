@@ -21,6 +21,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -120,6 +122,34 @@ TEST(WindowUse, TypeLabelsSitOnTheSchemaAtEverySize) {
     const QString before = label->text();
     QTest::mouseClick(label, Qt::LeftButton);
     EXPECT_NE(label->text(), before);
+}
+
+TEST(WindowUse, TheSchemaComesIntoSightWithItsLabels) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    w.window.resize(200, 300); // the form's smallest size
+    w.Settle();
+    QWidget *picture = w.Widget("Picture1");
+    QWidget *viewport = picture->parentWidget()->parentWidget();
+    QScrollBar *bar = static_cast<QScrollArea *>(viewport->parentWidget())->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0) << "the side bar does not scroll at the smallest size";
+    auto inSight = [&](const char *when) {
+        const QRect sight = w.InClient(viewport);
+        EXPECT_TRUE(sight.contains(w.InClient(picture))) << "the schema " << when;
+        for (int k = 1; k <= 30; ++k) {
+            QWidget *label = w.Widget("LabelTipo(" + std::to_string(k) + ")");
+            EXPECT_TRUE(!label->isVisible() || sight.contains(w.InClient(label)))
+                << "LabelTipo(" << k << ") " << when;
+        }
+    };
+    w.ChooseBaseNode(18);
+    inSight("after the base node is chosen");
+    // Scrolled back to the top, it comes into sight again when the window takes a new size.
+    bar->setValue(0);
+    ASSERT_FALSE(w.InClient(viewport).contains(w.InClient(picture)));
+    w.window.resize(733, 546);
+    w.Settle();
+    inSight("after a resize");
 }
 
 TEST(WindowUse, AMiddleButtonDragKeepsThePointUnderTheCursor) {

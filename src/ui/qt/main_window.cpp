@@ -234,6 +234,28 @@ void MainWindow::SyncSideBar() {
     sideBar_->setGeometry(origin.x() - bar, origin.y(), content->width() + bar,
                           scrolls ? room : content->height());
     sideBar_->setVisible(f.FrameSel.visible);
+    // A schema drawn for a new base node, or a new window size while one is set, is brought into
+    // sight: setting its bar types comes next, and a short window leaves it below the fold.
+    const QSizeF formSize(f.width, f.height);
+    const int node = program_->connection.baseNode;
+    if (node == schemaNode_ && formSize == schemaFormSize_)
+        return;
+    schemaNode_ = node;
+    schemaFormSize_ = formSize;
+    if (node >= 0 && f.FrameSel.visible && f.Label7.enabled)
+        ScrollToSchema();
+}
+
+// Scrolls the side bar the least that shows the schema with its caption and labels, taken from
+// where the widgets are; where the window is too short for all of it, its top stays in sight.
+void MainWindow::ScrollToSchema() {
+    QRect schema = picture1_->geometry() | Widget("Label7")->geometry();
+    for (const Binding &b : bindings_)
+        if (b.name.starts_with("LabelTipo(") && !b.widget->isHidden())
+            schema |= b.widget->geometry();
+    QScrollBar *bar = sideBar_->verticalScrollBar();
+    const int sight = sideBar_->viewport()->height();
+    bar->setValue(std::min(schema.top(), std::max(bar->value(), schema.bottom() + 1 - sight)));
 }
 
 // The status row from the form's places, widened where a caption needs more room than the
