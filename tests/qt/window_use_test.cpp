@@ -23,6 +23,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -284,6 +285,42 @@ TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
             right = place.right();
         }
     }
+}
+
+// A platform's own font (Windows draws with its own) can be larger than the one the design's
+// twips were drawn for: the angle row then takes the room its text needs, clear of the drawing
+// above and of the status row below, in the shortest window.
+TEST(WindowUse, TheAngleRowStaysWholeAboveTheStatusRowInALargerFont) {
+    const QFont usual = QApplication::font();
+    for (double scale : {1.0, 1.25}) {
+        QFont font = usual;
+        font.setPointSizeF(usual.pointSizeF() * scale);
+        QApplication::setFont(font);
+        test::RecordingUi ui;
+        DemoWindow w(ui, {1000, 700});
+        w.window.resize(1000, 200);
+        w.Settle();
+        const int drawing = w.InClient(w.Disegno()).bottom();
+        const int status = w.InClient(w.Widget("Frame2(0)")).top();
+        for (const char *name : {"Label1(0)", "Label2(0)", "Angolo(0)", "Label1(2)", "Label2(2)",
+                                 "Angolo(2)", "Label5", "StringaSel"}) {
+            const QRect place = w.InClient(w.Widget(name));
+            EXPECT_GT(place.top(), drawing) << name << " over the drawing, font x" << scale;
+            EXPECT_LT(place.bottom(), status) << name << " over the status row, font x" << scale;
+        }
+        auto *box = static_cast<QLineEdit *>(w.Widget("Angolo(0)"));
+        const int frame = box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, box);
+        EXPECT_GE(box->height() - 2 * frame, box->fontMetrics().height()) << "font x" << scale;
+        auto *caption = static_cast<QLabel *>(w.Widget("Label5"));
+        EXPECT_GE(caption->width(), caption->fontMetrics().horizontalAdvance(caption->text()));
+        for (const char *name : {"Frame2(1)", "FrameCoord", "SottoFunAttiva", "LabCoord"}) {
+            auto *widget = w.Widget(name);
+            EXPECT_LE(w.InClient(widget).bottom(), w.window.centralWidget()->height() - 1)
+                << name << " below the window, font x" << scale;
+            EXPECT_GE(widget->height(), widget->fontMetrics().height()) << name;
+        }
+    }
+    QApplication::setFont(usual);
 }
 
 TEST(WindowUse, QtsOwnDialogsSpeakItalian) {

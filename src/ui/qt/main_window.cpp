@@ -164,7 +164,7 @@ void MainWindow::SyncFromForm() {
     for (Binding &b : bindings_)
         ApplyBinding(b, tpp);
     SyncSideBar();
-    SyncStatusRow();
+    SyncStatusRow(SyncAngleRow());
     SyncMenus();
     if (QString title = ToQString(f.caption); title != windowTitle())
         setWindowTitle(title);

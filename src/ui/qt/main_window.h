@@ -70,7 +70,8 @@ private:
     QWidget *Widget(std::string_view name) const;
     void SyncSideBar();
     void ScrollToSchema();
-    void SyncStatusRow();
+    int SyncAngleRow();
+    void SyncStatusRow(int angleRowBottom);
     QSize WindowSizeOfForm() const;
     void TakeSizeFromWindow();
     void DisegnoMouse(QMouseEvent *event, MouseEvent::Kind kind);
