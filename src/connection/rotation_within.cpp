@@ -74,11 +74,18 @@ public:
         std::stable_sort(
             partners.begin(), partners.end(),
             [](const Partners &x, const Partners &y) { return x.mismatch < y.mismatch; });
-        for (const Partners &p : partners) {
-            if (fits_ >= kMaxFits || steps_ > kMaxSteps)
-                break;
-            if (p.mismatch <= 2 * reach_)
-                TryAnchors(a, p.c, j, p.d);
+        // First each pair of anchors' likeliest pairing alone (the nearest bar for every base
+        // bar): the right anchors' one is the pairing sought, and the narrowed reach then makes
+        // the full search short, where a wide tolerance would spend the fits on the many
+        // pairings of wrong anchors.
+        for (const long leaves : {1L, kMaxSteps}) {
+            for (const Partners &p : partners) {
+                if (fits_ >= kMaxFits || steps_ > kMaxSteps)
+                    break;
+                leavesLeft_ = leaves;
+                if (p.mismatch <= 2 * reach_)
+                    TryAnchors(a, p.c, j, p.d);
+            }
         }
         return best_;
     }
@@ -140,9 +147,10 @@ private:
     }
 
     void Enumerate(int depth) {
-        if (fits_ >= kMaxFits || ++steps_ > kMaxSteps)
+        if (fits_ >= kMaxFits || ++steps_ > kMaxSteps || leavesLeft_ <= 0)
             return;
         if (depth == n_) {
+            --leavesLeft_;
             Judge();
             return;
         }
@@ -215,6 +223,7 @@ private:
     std::vector<Vec3> to_;
     int fits_ = 0;
     long steps_ = 0;
+    long leavesLeft_ = 0; // pairings this pair of anchors may still judge
     std::optional<TurnedPairing> best_;
 };
 
