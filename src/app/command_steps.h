@@ -6,6 +6,7 @@
 #include "app/program.h"
 #include "connection/analogy.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,9 @@ void RedrawView(Program &);
 void DrawStructureNow(Program &);
 // Zooms onto the live, shown node of that name and rings it until the next command.
 void ZoomToNode(Program &, const std::string &name);
+// Moves the view so that the node (an index) lies at the centre of the window, at the same
+// scale, and draws it.
+void CentreViewOnNode(Program &, int node);
 // Start-up steps of the view: the stroke font, then projection, intervals, fit and first drawing.
 void LoadFont(Program &);
 void BuildFirstView(Program &);
@@ -60,6 +64,10 @@ void ReadToleranceBoxes(Program &);
 // A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
 // colours.
 void HighlightNodeBarTypes(Program &, int name);
+// csv_export.cpp
+// Asks where to save a table as CSV (in the job folder, ".csv" added to a name without an
+// extension), then writes the text made only then, and tells how that went.
+void ExportCsv(Program &, const std::function<std::string()> &text);
 // file_commands.cpp
 // Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
 void LoadConnectionInput(Program &);
