@@ -28,10 +28,15 @@ void LoadFont(Program &);
 void BuildFirstView(Program &);
 // window_commands.cpp
 void UpdateBaseNodeCommands(Program &);
+// The commands that need more in the list than the base node; after every event.
+void UpdateListCommands(Program &);
 void LayOutForm(Program &);
 // selection_commands.cpp
 // A node with more bars than a connection can have, met while looking for analogous nodes.
 void WarnTooManyBars(Program &);
+// After nodes came into the list or left it, by name, pick or window: the drawing, the list
+// text and the commands that follow the base node.
+void ShowListChange(Program &);
 // Every shown node with one of these names offered in turn, as picks of each would.
 void OfferNodesByName(Program &, const std::vector<int> &names);
 // The answer line closed and no way of selecting: the start of every selection command.
