@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTreeWidget>
 
 #include <vector>
@@ -43,6 +44,7 @@ private:
     QWidget *List(const std::string &name, const char *titles, QWidget *parent = nullptr);
     void BuildFormTipiNodo();
     void BuildFormPercheNo();
+    void BuildFormRevisione();
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();
@@ -54,6 +56,7 @@ private:
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
     QTabWidget *tabs_ = nullptr;      // FormPercheNo's two pages
     QTreeWidget *typeList_ = nullptr; // FormTipiNodo's types
+    QTableView *table_ = nullptr;     // a long table (FormRevisione's)
     bool escapePressed_ = false;
 };
 
