@@ -5,6 +5,7 @@
 #include "platform/number_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vorna {
 namespace {
@@ -204,16 +205,17 @@ std::vector<int> ReviewOrder(const StructureModel &m, std::span<const ReviewRow>
 
 int FurthestRow(std::span<const ReviewRow> rows) {
     int furthest = -1;
-    double farthest = 0;
-    int rank = 0;
+    std::pair<long long, int> farthest;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const MatchSummary &match = rows[i].record.match;
-        const double far = match.largestAngle + match.largestLength;
-        const int r = HowRank(Reviewed(rows[i].record));
-        if (furthest < 0 || far > farthest || (far == farthest && r > rank)) {
+        // As far as the table shows it: sums that read the same are equal.
+        const double sum = match.largestAngle + match.largestLength;
+        const std::pair<long long, int> far = {
+            std::isfinite(sum) ? std::llround(std::clamp(sum, 0.0, 1e9) * 1000) : 0,
+            HowRank(Reviewed(rows[i].record))};
+        if (furthest < 0 || far > farthest) {
             furthest = static_cast<int>(i);
             farthest = far;
-            rank = r;
         }
     }
     return furthest;
