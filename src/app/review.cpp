@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace vorna {
 namespace {
@@ -100,7 +101,9 @@ struct HowKey {
     int rank;
     double degrees;
     std::size_t mirrored;
-    auto operator<=>(const HowKey &) const = default;
+    bool operator<(const HowKey &o) const {
+        return std::tie(rank, degrees, mirrored) < std::tie(o.rank, o.degrees, o.mirrored);
+    }
 };
 
 HowKey HowKeyOf(const AnalogousNode &r) {
