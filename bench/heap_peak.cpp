@@ -11,11 +11,14 @@ namespace {
 
 std::atomic<std::size_t> live{0};
 std::atomic<std::size_t> peak{0};
+std::atomic<bool> counting{true};
 
 void *Allocate(std::size_t size) {
     void *p = std::malloc(size == 0 ? 1 : size);
     if (!p)
         throw std::bad_alloc();
+    if (!counting.load(std::memory_order_relaxed))
+        return p;
     const std::size_t now =
         live.fetch_add(malloc_usable_size(p), std::memory_order_relaxed) + malloc_usable_size(p);
     std::size_t seen = peak.load(std::memory_order_relaxed);
@@ -27,7 +30,8 @@ void *Allocate(std::size_t size) {
 void Release(void *p) {
     if (!p)
         return;
-    live.fetch_sub(malloc_usable_size(p), std::memory_order_relaxed);
+    if (counting.load(std::memory_order_relaxed))
+        live.fetch_sub(malloc_usable_size(p), std::memory_order_relaxed);
     std::free(p);
 }
 
@@ -64,6 +68,14 @@ std::size_t HeapLive() {
 
 std::size_t HeapPeak() {
     return peak.load(std::memory_order_relaxed);
+}
+
+UncountedHeap::UncountedHeap() {
+    counting.store(false, std::memory_order_relaxed);
+}
+
+UncountedHeap::~UncountedHeap() {
+    counting.store(true, std::memory_order_relaxed);
 }
 
 std::size_t MallocInUse() {

@@ -14,4 +14,14 @@ std::size_t HeapPeak();
 // Bytes the process's allocator holds in use now, operator new or not (malloc's own count).
 std::size_t MallocInUse();
 
+// Leaves operator new to plain malloc while it lives, so that a benchmark times allocation as a
+// program of its own would; what is allocated meanwhile must be freed before it goes.
+class UncountedHeap {
+public:
+    UncountedHeap();
+    ~UncountedHeap();
+    UncountedHeap(const UncountedHeap &) = delete;
+    UncountedHeap &operator=(const UncountedHeap &) = delete;
+};
+
 } // namespace vorna::bench

@@ -1,4 +1,5 @@
 // Loading the full-capacity structure file, beside merely reading its lines into memory.
+#include "heap_peak.h"
 #include "large_model.h"
 #include "model/load_structure.h"
 
@@ -6,14 +7,17 @@
 
 #include <fstream>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
 
-// The baseline: the file's lines into memory, no parsing at all.
-void BM_ReadLinesOnly(benchmark::State &state) {
+// The baseline: the file's lines into memory with std::getline, no parsing at all, allocating as
+// a program of its own would (not through the heap count of the other benchmarks).
+void BM_PlainGetline(benchmark::State &state) {
     auto path = vorna::bench::LargeModelFolder() / "STRUTTUR.STR";
     for (auto _ : state) {
+        const vorna::bench::UncountedHeap plain;
         std::ifstream in(path, std::ios::binary);
         std::vector<std::string> lines;
         std::string line;
@@ -22,7 +26,7 @@ void BM_ReadLinesOnly(benchmark::State &state) {
         benchmark::DoNotOptimize(lines.data());
     }
 }
-BENCHMARK(BM_ReadLinesOnly)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainGetline)->Unit(benchmark::kMillisecond);
 
 void BM_LoadStructure(benchmark::State &state) {
     std::string folder = vorna::bench::LargeModelFolder().string();

@@ -136,6 +136,31 @@ TEST_F(Navigation, ARightDragOrbitsAndARightClickPopsUpTheMenu) {
     EXPECT_EQ(LastView(click).angles, "30,30,0");
 }
 
+// A gesture in a script is what a mouse does: however many moves it takes, each is read in the
+// units the press saw, so the drag ends where its one-move form does.
+TEST_F(Navigation, AGestureOfManyMovesIsItsOneMoveForm) {
+    const View start = LastView(Run("dump view\n"));
+    const double px = UnitsPerPixel(start);
+    const auto [x, y] = start.nodes.at(17);
+    auto drag = [&](const std::string &before, int steps, double dx, double dy,
+                    const std::string &button) {
+        std::ostringstream s;
+        s.precision(17);
+        s << before << "down " << x << ' ' << y << ' ' << button << '\n';
+        for (int k = 1; k <= steps; ++k)
+            s << "move " << x + dx * px * k / steps << ' ' << y + dy * px * k / steps << ' '
+              << button << '\n';
+        s << "up " << x + dx * px << ' ' << y + dy * px << ' ' << button << "\ndump view\n";
+        return LastView(Run(s.str()));
+    };
+    // 100 pixels across turn αy by 50°, in one move or in four.
+    EXPECT_EQ(drag("", 1, 100, 0, "2").angles, "30,80,0");
+    EXPECT_EQ(drag("", 4, 100, 0, "2").angles, "30,80,0");
+    EXPECT_EQ(drag("", 2, -40, 60, "4 1").angles, drag("", 1, -40, 60, "4 1").angles);
+    EXPECT_EQ(drag("", 5, 70, -30, "4").zoom, drag("", 1, 70, -30, "4").zoom);
+    EXPECT_EQ(drag("ZoomIn\n", 3, 90, 50, "1").zoom, drag("ZoomIn\n", 1, 90, 50, "1").zoom);
+}
+
 TEST_F(Navigation, KeysTurnZoomAndFit) {
     EXPECT_EQ(LastView(Run("key Left\nkey Left\nkey Up\ndump view\n")).angles, "45,0,0");
     EXPECT_EQ(LastView(Run("key Right\nkey Down\ndump view\n")).angles, "15,45,0");

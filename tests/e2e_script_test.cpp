@@ -109,5 +109,41 @@ TEST(ScriptLanguage, ADialogTakesTheLinesUntilItCloses) {
     EXPECT_EQ(r.out.find("error|click"), std::string::npos);
 }
 
+// The menu "?": its two dialogs open, show and close like the others. The gestures and keys
+// are the README's table, row for row, with every key combination it names.
+TEST(ScriptLanguage, TheHelpDialogsShowTheGesturesAndTheBuild) {
+    test::DemoSuite suite;
+    Outcome r = RunIn(suite, "Comandi\ndump rows\nbutton Chiudi\nInformazioni\ndump controls\n"
+                             "key Esc\nOttimizza\ndump controls\n");
+    EXPECT_EQ(r.status, 0) << r.out; // Ottimizza reached the window: both dialogs had closed
+    EXPECT_TRUE(Has(r.out, "MenuAiuto.caption=?"));
+    EXPECT_TRUE(Has(r.out, "Comandi.caption=Comandi di mouse e tastiera"));
+    EXPECT_TRUE(Has(r.out, "Informazioni.caption=Informazioni su vorna"));
+    EXPECT_TRUE(Has(r.out, "VersioneQt.caption=Senza Qt: vorna-batch non ha finestre"));
+    EXPECT_EQ(r.out.find("Versione.caption=Versione \n"), std::string::npos) << "no version";
+    EXPECT_EQ(r.out.find("Compilazione.caption=Compilato il \n"), std::string::npos);
+
+    std::string rows;
+    std::istringstream out(r.out);
+    for (std::string line; std::getline(out, line);)
+        if (line.starts_with("ListaComandi("))
+            rows += line + "\n";
+    const std::string readme =
+        test::ReadBytes(std::filesystem::path(VORNA_SOURCE_DIR) / "README.md");
+    std::istringstream table(readme.substr(readme.find("| gesture or key | what it does |")));
+    std::string line;
+    std::getline(table, line);
+    std::getline(table, line); // the rule under the titles
+    int count = 0;
+    while (std::getline(table, line) && line.starts_with("  | ")) {
+        ++count;
+        const std::string keys = line.substr(0, line.find(" | ", 4));
+        for (auto at = keys.find("Ctrl+"); at != std::string::npos; at = keys.find("Ctrl+", at + 1))
+            EXPECT_NE(rows.find(keys.substr(at, 6)), std::string::npos) << keys;
+    }
+    EXPECT_NE(rows.find("ListaComandi(" + std::to_string(count) + ")="), std::string::npos);
+    EXPECT_EQ(rows.find("ListaComandi(" + std::to_string(count + 1) + ")="), std::string::npos);
+}
+
 } // namespace
 } // namespace vorna

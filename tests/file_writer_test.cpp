@@ -5,10 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <string>
 #include <thread>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -39,6 +43,78 @@ TEST(FileWriter, ReplacesWholeFilesOrNothing) {
     EXPECT_EQ(test::ReadBytes(target), "two\r\n");
     EXPECT_FALSE(WriteFileAtomic(dir.path() / "missing" / "out.txt", "x"));
     EXPECT_EQ(EntriesIn(dir.path()), 1U);
+}
+
+// The id of a process that has ended.
+unsigned long EndedProcessId() {
+#ifdef _WIN32
+    std::wstring self(MAX_PATH, L'\0');
+    self.resize(GetModuleFileNameW(nullptr, self.data(), MAX_PATH));
+    std::wstring line = L"\"" + self + L"\" --gtest_list_tests --gtest_filter=-*";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION child{};
+    if (!CreateProcessW(self.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
+                        nullptr, nullptr, &startup, &child))
+        return 0;
+    WaitForSingleObject(child.hProcess, INFINITE);
+    CloseHandle(child.hThread);
+    CloseHandle(child.hProcess);
+    return child.dwProcessId;
+#else
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(0);
+    ::waitpid(child, nullptr, 0);
+    return static_cast<unsigned long>(child);
+#endif
+}
+
+// A save removes the temporary files an ended run left of the same file, and nothing else: a live
+// run's, a folder or a link (never followed) by such a name, and every name the writer would not
+// have made stay.
+TEST(FileWriter, ASaveRemovesOnlyTheTemporaryFilesOfEndedRuns) {
+    test::TempDir dir;
+    const fs::path target = dir.path() / "Collegamenti.txt";
+    test::WriteBytes(target, "old\r\n");
+    const std::string pid = std::to_string(EndedProcessId());
+    const std::string ended = "Collegamenti.txt." + pid;
+#ifdef _WIN32
+    const std::string live = "Collegamenti.txt." + std::to_string(GetCurrentProcessId());
+#else
+    const std::string live = "Collegamenti.txt." + std::to_string(::getpid());
+#endif
+    const fs::path orphan = dir.path() / (ended + "-0123456789abcdef.vorna-tmp");
+    test::WriteBytes(orphan, "half a text");
+    for (const std::string &name : std::initializer_list<std::string>{
+             live + "-0123456789abcdef.vorna-tmp",
+             ended + "-00000000000000AA.vorna-tmp",
+             ended + "-00000000000000b.vorna-tmp",
+             ended + "-00000000000000cc.vorna-tmp.old",
+             ended + "-00000000000000dd.vorna-tmp-",
+             "Collegamenti.txt.0" + pid + "-00000000000000ee.vorna-tmp",
+             "Collegamenti.txt.x" + pid + "-00000000000000ee.vorna-tmp",
+             "Collegamenti.txt.-" + pid + "-00000000000000ee.vorna-tmp",
+             // a number beyond any process that a cut to 32 bits would take for the ended one
+             "Collegamenti.txt." + std::to_string(std::stoull(pid) + (1ULL << 32U)) +
+                 "-00000000000000ee.vorna-tmp",
+             "Collegamenti.txtX." + pid + "-00000000000000ee.vorna-tmp",
+             "Dati_Coll_3D.txt." + pid + "-00000000000000ee.vorna-tmp",
+         })
+        test::WriteBytes(dir.path() / name, "not a temporary file of this save");
+    fs::create_directory(dir.path() / (ended + "-00000000000000ff.vorna-tmp"));
+#ifndef _WIN32
+    test::WriteBytes(dir.path() / "outside.txt", "not yours\r\n");
+    fs::create_symlink(dir.path() / "outside.txt",
+                       dir.path() / (ended + "-1111111111111111.vorna-tmp"));
+#endif
+    const std::size_t entries = EntriesIn(dir.path());
+    ASSERT_TRUE(WriteFileAtomic(target, "new\r\n"));
+    EXPECT_FALSE(fs::exists(orphan));
+    EXPECT_EQ(EntriesIn(dir.path()), entries - 1);
+#ifndef _WIN32
+    EXPECT_EQ(test::ReadBytes(dir.path() / "outside.txt"), "not yours\r\n");
+#endif
 }
 
 #ifndef _WIN32
@@ -88,6 +164,39 @@ TEST(FileWriter, TwoProcessesNeverMixTheirTexts) {
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
         ASSERT_EQ(EntriesIn(dir.path()), 1U) << "round " << round;
     }
+}
+
+// A run killed in the middle of a save (SIGKILL: nothing of it runs after) leaves its temporary
+// file; the next run writes the file whole and leaves none.
+TEST(FileWriter, TheRunAfterOneKilledWhileSavingLeavesNoTemporaryFile) {
+    test::TempDir dir;
+    const fs::path target = dir.path() / "Collegamenti.txt";
+    test::WriteBytes(target, "old\r\n");
+    std::array<int, 2> saving{};
+    ASSERT_EQ(::pipe(saving.data()), 0);
+    const pid_t killed = ::fork();
+    if (killed == 0) {
+        WriteFaults stop{[&](WriteStep s, const fs::path &) {
+            if (s == WriteStep::Write && ::write(saving[1], "w", 1) == 1)
+                ::pause();
+            return false;
+        }};
+        ScopedWriteFaults installed(stop);
+        ::_exit(WriteFileAtomic(target, "killed\r\n") ? 0 : 1);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(saving[0], &byte, 1), 1);
+    ::kill(killed, SIGKILL);
+    ::waitpid(killed, nullptr, 0);
+    ::close(saving[0]);
+    ::close(saving[1]);
+    ASSERT_EQ(EntriesIn(dir.path()), 2U);
+    std::string text;
+    for (int i = 0; i < 1000; ++i)
+        text += "COLL18 the next run\r\n";
+    ASSERT_TRUE(WriteFileAtomic(target, text));
+    EXPECT_EQ(test::ReadBytes(target), text);
+    EXPECT_EQ(EntriesIn(dir.path()), 1U);
 }
 
 // A signal that ends the program during a save removes the temporary file; the old file stays.

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <random>
 
 namespace vorna {
@@ -25,6 +26,70 @@ TEST(NumberText, LeadingNumberTakesThePrefixStrictNumberTheWholeText) {
     EXPECT_EQ(StrictNumber("-12.75"), -12.75);
     for (const char *text : {"30x", "", "1,5"})
         EXPECT_FALSE(StrictNumber(text)) << text;
+}
+
+// What a field's leading number means: the float parser's reading of the span LeadingNumberSpan
+// finds. Short integers are read without the float parser, by LeadingNumberIfAny and in one pass
+// by ReadLeadingNumber; both must give its value, bit for bit.
+std::optional<double> SpanValue(std::string_view text) {
+    const NumberSpan span = LeadingNumberSpan(text);
+    if (span.length == 0)
+        return std::nullopt;
+    return StrictNumber(text.substr(span.skipped, span.length));
+}
+
+std::string Bits(std::optional<double> value) {
+    return value ? testing::PrintToString(std::bit_cast<std::uint64_t>(*value)) : "none";
+}
+
+TEST(NumberText, ShortIntegersReadAsTheFloatParserReadsThem) {
+    std::vector<std::string> texts = {"-0",
+                                      "+0",
+                                      "007",
+                                      "-12x",
+                                      "+",
+                                      "-",
+                                      "12e",
+                                      "12e3",
+                                      "12E-1",
+                                      "12.",
+                                      "12.5",
+                                      ".5",
+                                      "1e999",
+                                      "999999999999999",
+                                      "-999999999999999",
+                                      "9999999999999999",
+                                      "0000000000000001",
+                                      "18446744073709551616",
+                                      "99999999999999999999999",
+                                      "12,3",
+                                      "1 2",
+                                      "\"7\"",
+                                      "7\"1\""};
+    std::mt19937 random(41);
+    const std::string alphabet = "0123456789000+-.eE ,\"x\t";
+    for (int n = 0; n < 20000; ++n) {
+        std::string text;
+        for (auto length = random() % 24; length > 0; --length)
+            text += alphabet[random() % alphabet.size()];
+        texts.push_back(text);
+    }
+    std::string lines;
+    for (const std::string &text : texts) {
+        ASSERT_EQ(Bits(LeadingNumberIfAny(text)), Bits(SpanValue(text))) << text;
+        lines += text + (text.size() % 3 == 0 ? "\r\n" : ",");
+    }
+    // The fields of the same lines, read in one pass and cut out first.
+    TextCursor fast{lines}, cut{lines};
+    for (;;) {
+        std::optional<double> value;
+        std::string_view field;
+        const bool more = ReadLeadingNumber(fast, value);
+        ASSERT_EQ(more, ReadNumberField(cut, field));
+        if (!more)
+            break;
+        ASSERT_EQ(Bits(value), Bits(SpanValue(field))) << field;
+    }
 }
 
 TEST(NumberText, RoundingIsHalfToEvenAndRangeChecked) {
@@ -159,6 +224,7 @@ TEST(TextFile, AFileReadInPiecesReadsAsTheSameTextInMemory) {
     while (text.size() < 300000)
         text += random() % 50 == 0 ? std::string(random() % 70000, '7')
                                    : std::string(1, alphabet[random() % alphabet.size()]);
+    text.replace(64 * 1024 - 1, 2, "\r\n"); // one line end across the first seam (64 KiB)
     test::TempDir dir;
     dir.Write("t.txt", text);
     auto file = TextCursor::Open(dir.path() / "t.txt");
@@ -206,19 +272,21 @@ TEST(Tokens, NextTokenCutsBlankSeparatedTokens) {
     EXPECT_EQ(text, "axxbxxc");
 }
 
-// The structure reader splits lines itself for speed; it must agree with NextToken.
-TEST(Tokens, SplitTokensAgreesWithNextToken) {
+// The structure reader reads the numbers of a token line itself for speed; it must agree with
+// NextToken and LeadingNumber.
+TEST(Tokens, TokenNumbersAgreeWithNextToken) {
     std::mt19937 rng(7);
-    const char alphabet[] = {' ', ' ', '\t', 'a', '1', '-', '.'};
-    for (int round = 0; round < 2000; ++round) {
+    const char alphabet[] = {' ', ' ', '\t', 'a', '1', '7', '-', '+', '.', 'e'};
+    for (int round = 0; round < 4000; ++round) {
         std::string line;
-        for (auto n = rng() % 20; n > 0; --n)
+        for (auto n = rng() % 24; n > 0; --n)
             line += alphabet[rng() % sizeof alphabet];
-        std::array<std::string_view, 6> fast;
-        SplitTokens(line, fast);
+        std::array<double, 6> fast;
+        ParseTokenNumbers(line, fast);
         std::string rest = line;
-        for (const auto &token : fast)
-            ASSERT_EQ(token, NextToken(rest, " ")) << '"' << line << '"';
+        for (double number : fast)
+            ASSERT_EQ(Bits(number), Bits(LeadingNumber(NextToken(rest, " "))))
+                << '"' << line << '"';
     }
 }
 

@@ -64,6 +64,9 @@ void Trappola_Click(Program &);
 void Rappresentazione_Click(Program &);
 // drawing_commands.cpp: the current view saved as a drawing (.dis or DXF).
 void SalvaDisegno_Click(Program &);
+// help_dialogs.cpp: the menu "?", the gestures and keys, and the version and licences.
+void Comandi_Click(Program &);
+void Informazioni_Click(Program &);
 // file_commands.cpp: the hand-back commands, each ending the program.
 void ScriColl_Click(Program &);
 void Salva_Click(Program &);

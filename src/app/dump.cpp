@@ -107,6 +107,14 @@ void DumpDialogControls(Dialog &dialog, std::ostream &out) {
     out << dialog.Name() << ".caption=" << Cp1252ToUtf8(dialog.Caption()) << '\n';
 }
 
+void DumpListRows(std::string_view name, const Control &list, std::ostream &out) {
+    for (std::size_t r = 0; r < list.items.size(); ++r) {
+        std::string row = list.items[r];
+        std::replace(row.begin(), row.end(), '\t', '|');
+        out << name << '(' << r + 1 << ")=" << Cp1252ToUtf8(row) << '\n';
+    }
+}
+
 void DumpBuffers(const Program &p, std::ostream &out) {
     const DrawBuffers &b = p.buffers;
     out << "buffers coordinates=" << b.coordX.size() << " lines=" << b.lines.size()

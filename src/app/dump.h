@@ -20,5 +20,7 @@ void DumpBuffers(const Program &program, std::ostream &out);
 void DumpNodeColours(const Program &program, std::ostream &out);
 // An open dialog's controls in the format of the window's, then its caption.
 void DumpDialogControls(Dialog &dialog, std::ostream &out);
+// The rows of a list, one line each: "NAME(R)=CELLS", the cells separated by "|".
+void DumpListRows(std::string_view name, const Control &list, std::ostream &out);
 
 } // namespace vorna

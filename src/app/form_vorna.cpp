@@ -17,10 +17,10 @@ void PlaceControls(FormVorna &f) {
     Place(f.Domanda, 180, 600, 7000, 300);
     Place(f.Risposta, 0, 560, 2600, 315);
     Place(f.Disegno, 60, 990, 0, 0);
-    Place(f.FrameSel, 0, 990, 4440, 3300);
-    Place(f.FrameAtt, 0, 4350, 4440, 3700);
-    Place(f.Label7, 0, 8110, 2100, 250);
-    Place(f.Picture1, 0, 8380, 2100, 1500);
+    Place(f.FrameSel, 0, 990, 4440, 4050);
+    Place(f.FrameAtt, 0, 5100, 4440, 3700);
+    Place(f.Label7, 0, 8860, 2100, 250);
+    Place(f.Picture1, 0, 9130, 2100, 1500);
     for (int i = 0; i < 3; ++i) {
         Place(f.Label1[i], 120 + 840.0 * i, 0, 200, 280);
         Place(f.Label2[i], 300 + 840.0 * i, 0, 120, 200);

@@ -184,6 +184,9 @@ VORNA_MENU_ITEM(BarraLat, Opzioni, "&Barra laterale", "", BarraLat_Click, .check
 VORNA_MENU_ITEM(BarraIcone, Opzioni, "Barra delle &icone", "", BarraIcone_Click, .checked = true)
 VORNA_MENU_ITEM(Trappola, Opzioni, "&Trappola...", "", Trappola_Click)
 VORNA_MENU_ITEM(Rappresentazione, Opzioni, "O&pzioni...", "", Rappresentazione_Click)
+VORNA_MENU(MenuAiuto, "?")
+VORNA_MENU_ITEM(Comandi, MenuAiuto, "Comandi di mouse e tastiera", "F1", Comandi_Click)
+VORNA_MENU_ITEM(Informazioni, MenuAiuto, "Informazioni su vorna", "", Informazioni_Click)
 
 // clang-format on
 

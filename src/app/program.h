@@ -22,6 +22,12 @@
 
 namespace vorna {
 
+// The toolkit the front end runs on, for "Informazioni su vorna": none in vorna-batch.
+struct Toolkit {
+    std::string qtVersion; // "6.4.2"; empty without Qt
+    bool qtStatic = false; // Qt linked into the program rather than loaded from the system
+};
+
 struct Program {
     Program(Ui &ui_, Canvas &disegno_, Canvas &picture1_)
         : ui(ui_), disegno(disegno_), picture1(picture1_) {}
@@ -49,6 +55,8 @@ struct Program {
     std::vector<std::uint32_t> jointTypeFills;
     // The joint the review of the list looks at while it is open.
     LookedAtJoint lookedAt;
+
+    Toolkit toolkit;
 
     bool exitRequested = false;
     int exitStatus = 0;

@@ -67,6 +67,11 @@ struct ScriptSession {
     std::ostream &out;
     TextCursor lines;
     int status = 0; // 2 once a line failed
+    // A gesture is read as a mouse makes it: from a press until its release, a line's X and Y
+    // are the spot of the surface that had those units at the press, however often the moves
+    // between have redrawn the view.
+    int heldButtons = 0;
+    ScaleRect pressScale = {};
 
     // The next line that is not blank or a comment, trimmed and in Windows-1252. False at the
     // end of the script.

@@ -16,8 +16,10 @@
 #include "app/why_not.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
+#include "projection/navigation.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace vorna {
 namespace {
@@ -213,6 +215,17 @@ bool Mouse(Session &s, const ScriptArgs &a, MouseEvent::Kind kind) {
         e.held = given ? button : kNoButton;
     else
         e.button = static_cast<MouseButton>(button);
+    const ScaleRect now = s.p.disegno.Scale();
+    if (kind == MouseEvent::Kind::Press || kind == MouseEvent::Kind::DoubleClick) {
+        s.pressScale = now;
+        s.heldButtons |= button;
+    } else if (s.heldButtons != 0 && now != s.pressScale) {
+        // Delivered as the window delivers it, in the units of the picture now on screen (and
+        // untouched when nothing redrew, where the round trip would not give them back exactly).
+        std::tie(e.x, e.y) = InScaleOf(now, s.pressScale, e.x, e.y);
+    }
+    if (kind == MouseEvent::Kind::Release)
+        s.heldButtons &= ~button;
     Disegno_Mouse(s.p, e);
     return true;
 }
@@ -399,7 +412,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
          Dump},
         {"set",
          "`set CONTROL TEXT`",
-         "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`",
+         "the text of a text box: `set Angolo(1) 45`, `set IntX(0) 3`, `set Risposta 1,2,5-8`; "
+         "a tolerance box takes its value at once, as leaving it does: `set TolAngoli 2`",
          {kWord, kOptionalText},
          [](Session &s, const ScriptArgs &a) {
              Control *box = FindControl(s.p.form, a.text[0]);
@@ -563,8 +577,8 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"button",
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
-         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo), "
-         "`EsportaCSV`, `Chiudi` (FormRevisione)",
+         "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo, "
+         "FormComandi, FormInformazioni), `EsportaCSV`, `Chiudi` (FormRevisione)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -588,9 +602,12 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
          "`dump controls` / `dump nodetypes` / `dump rows` / `dump review`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
          "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`, "
-         "`FormRevisione.caption=`); in \"Tipi di nodo\", one line per type: `type K nodes=C "
-         "bars=B head=NAME members=RANGE`; in `FormPercheNo`, the rows of its two lists: "
-         "`Confronto(K)=CELLS`, `ListaQuasi(R)=CELLS`, the cells separated by `\\|`; in "
+         "`FormComandi.caption=`, `FormInformazioni.caption=`, `FormRevisione.caption=`); in "
+         "\"Tipi di nodo\", one line per type: `type K nodes=C bars=B head=NAME "
+         "members=RANGE`, and within tolerances ` dev=DEG/PCT`, the largest deviation of a "
+         "member from the head; in `FormPercheNo`, the rows of its two lists: "
+         "`Confronto(K)=CELLS`, `ListaQuasi(R)=CELLS`, and in `FormComandi` the gestures and "
+         "keys: `ListaComandi(R)=GESTURE\\|EFFECT`, the cells separated by `\\|`; in "
          "`FormRevisione`, one `review` line per row, `kept=0` for a row unticked",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
@@ -647,7 +664,8 @@ std::string ScriptLanguageTables() {
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
     out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`, "
-           "`FormRevisione`) is open, the lines act on it until it closes:\n\n";
+           "`FormComandi`, `FormInformazioni`, `FormRevisione`) is open, the lines act on it "
+           "until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

@@ -4,11 +4,10 @@
 
 #include "app/command_steps.h"
 #include "app/commands.h"
+#include "app/dump.h"
 #include "app/why_not.h"
 #include "platform/number_text.h"
-#include "platform/text.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace vorna {
@@ -167,13 +166,8 @@ void WhyNotDialog::Click(std::string_view control) {
 bool WhyNotDialog::Dump(std::string_view what, std::ostream &out) {
     if (what != "rows")
         return false;
-    for (const auto &[name, list] :
-         {std::pair{"Confronto", &form_.Confronto}, std::pair{"ListaQuasi", &form_.ListaQuasi}})
-        for (std::size_t r = 0; r < list->items.size(); ++r) {
-            std::string row = list->items[r];
-            std::replace(row.begin(), row.end(), '\t', '|');
-            out << name << '(' << r + 1 << ")=" << Cp1252ToUtf8(row) << '\n';
-        }
+    DumpListRows("Confronto", form_.Confronto, out);
+    DumpListRows("ListaQuasi", form_.ListaQuasi, out);
     return true;
 }
 

@@ -41,9 +41,10 @@ void CheckProperties(const StructureModel &m, const ComparedJoints &j, Verdict &
 
 } // namespace
 
-ComparedJoints::ComparedJoints(const Joint &base_, const Joint &candidate_,
-                               const AnalogyParameters &params_, Scrutiny scrutiny_)
-    : base(base_), candidate(candidate_), params(params_), rule(params_), scrutiny(scrutiny_) {}
+ComparedJoints::ComparedJoints(const Joint &baseJoint, const Joint &candidateJoint,
+                               const AnalogyParameters &parameters, Scrutiny asked)
+    : base(baseJoint), candidate(candidateJoint), params(parameters), rule(parameters),
+      scrutiny(asked) {}
 
 void ComparedJoints::Take(Verdict &v, int k, int c, std::optional<double> angle,
                           bool mirrored) const {

@@ -6,36 +6,36 @@
 #include "platform/text.h"
 #include "platform/text_file.h"
 
+#include <array>
 #include <cmath>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace vorna {
 namespace {
 
-using Tokens = std::array<std::string_view, 6>;
-
-// One token line; false when the file has ended (the fields then keep their values).
-bool ReadTokenLine(TextCursor &cursor, Tokens &tokens) {
+// The numbers of a token line's first numbers.size() tokens; false when the file has ended (the
+// fields then keep their values).
+bool ReadTokenLine(TextCursor &cursor, std::span<double> numbers) {
     std::string_view line;
     if (!ReadLine(cursor, line))
         return false;
-    SplitTokens(line, tokens);
+    ParseTokenNumbers(line, numbers);
     return true;
 }
 
-// A token's leading number rounded to 16 bits; a value out of range keeps the field as it was.
-void SetInt16(std::int16_t &field, std::string_view token) {
-    if (auto v = ToInt16(LeadingNumber(token)))
+// A token's number rounded to 16 bits; a value out of range keeps the field as it was.
+void SetInt16(std::int16_t &field, double number) {
+    if (auto v = ToInt16(number))
         field = *v;
 }
 
 // The next field of a free-format group; nothing when it is missing or not a finite number.
 std::optional<double> NextGroupField(TextCursor &cursor) {
-    std::string_view field;
-    if (!ReadNumberField(cursor, field))
+    std::optional<double> value;
+    if (!ReadLeadingNumber(cursor, value))
         return std::nullopt;
-    auto value = LeadingNumberIfAny(field);
     if (value && !std::isfinite(*value))
         return std::nullopt;
     return value;
@@ -54,7 +54,7 @@ void NextGroupInt16(TextCursor &cursor, std::int16_t &field) {
 
 // A section count: 0 for a negative count, nothing when the table cannot hold it.
 bool ReadCount(TextCursor &cursor, std::int16_t &count, int capacity) {
-    Tokens t;
+    std::array<double, 1> t;
     if (!ReadTokenLine(cursor, t))
         return true;
     SetInt16(count, t[0]);
@@ -64,11 +64,11 @@ bool ReadCount(TextCursor &cursor, std::int16_t &count, int capacity) {
 }
 
 void SkipLines(TextCursor &cursor, int linesPerRecord) {
-    Tokens t;
+    std::array<double, 1> t;
     std::int32_t count = 0;
     if (!ReadTokenLine(cursor, t))
         return;
-    if (auto v = ToInt32(LeadingNumber(t[0])))
+    if (auto v = ToInt32(t[0]))
         count = *v;
     std::string_view line;
     for (long long i = 0; i < static_cast<long long>(count) * linesPerRecord; ++i)
@@ -78,20 +78,20 @@ void SkipLines(TextCursor &cursor, int linesPerRecord) {
 
 } // namespace
 
-std::size_t SplitTokens(std::string_view line, Tokens &tokens) {
-    tokens.fill(std::string_view());
-    std::size_t n = 0, i = 0;
-    while (n < tokens.size()) {
+void ParseTokenNumbers(std::string_view line, std::span<double> numbers) {
+    std::size_t i = 0;
+    for (double &number : numbers) {
         while (i < line.size() && (line[i] == ' ' || line[i] == '\t'))
             ++i;
-        if (i >= line.size())
-            break;
-        std::size_t start = i;
+        const std::size_t start = i;
+        // A short integer is read as the token is passed over; any other token is cut out first.
+        const auto integer = LeadingShortInteger(line.substr(start));
+        if (integer)
+            i += integer->length;
         while (i < line.size() && line[i] != ' ' && line[i] != '\t')
             ++i;
-        tokens[n++] = line.substr(start, i - start);
+        number = integer ? integer->value : LeadingNumber(line.substr(start, i - start));
     }
-    return n;
 }
 
 namespace {
@@ -100,7 +100,10 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
     std::string_view version;
     if (!ReadLine(cursor, version) || LowerCase(version).find("release") == std::string::npos)
         return LoadResult::OldVersion;
-    Tokens t;
+    std::array<double, 3> node;
+    std::array<double, 2> nodeName;
+    std::array<double, 4> bar;
+    std::array<double, 5> shell;
 
     if (!ReadCount(cursor, model.pointCount, kPointCapacity))
         return LoadResult::NotRead;
@@ -115,17 +118,16 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
         return LoadResult::NotRead;
     for (int i = 0; i < model.nodeCount; ++i) {
         Node &n = model.nodes[i];
-        if (ReadTokenLine(cursor, t)) {
-            SetInt16(n.pointIndex, t[0]);
-            SetInt16(n.pointType, t[1]);
-            SetInt16(n.colour, t[2]);
+        if (ReadTokenLine(cursor, node)) {
+            SetInt16(n.pointIndex, node[0]);
+            SetInt16(n.pointType, node[1]);
+            SetInt16(n.colour, node[2]);
         }
-        if (ReadTokenLine(cursor, t)) {
-            double name = RoundHalfEven(LeadingNumber(t[0]));
-            if (name > 32000)
+        if (ReadTokenLine(cursor, nodeName)) {
+            if (RoundHalfEven(nodeName[0]) > 32000)
                 return LoadResult::NodeNameTooLarge;
-            SetInt16(n.name, t[0]);
-            SetInt16(n.constraintCard, t[1]);
+            SetInt16(n.name, nodeName[0]);
+            SetInt16(n.constraintCard, nodeName[1]);
         }
     }
 
@@ -137,11 +139,11 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
         NextGroupInt16(cursor, b.pointJ);
         NextGroupInt16(cursor, b.lineType);
         NextGroupInt16(cursor, b.colour);
-        if (ReadTokenLine(cursor, t)) {
-            SetInt16(b.name, t[0]);
-            SetInt16(b.sectionCard, t[1]);
-            SetInt16(b.releaseCard, t[2]);
-            SetInt16(b.orientationCard, t[3]);
+        if (ReadTokenLine(cursor, bar)) {
+            SetInt16(b.name, bar[0]);
+            SetInt16(b.sectionCard, bar[1]);
+            SetInt16(b.releaseCard, bar[2]);
+            SetInt16(b.orientationCard, bar[3]);
         }
     }
 
@@ -151,10 +153,10 @@ LoadResult ParseTables(TextCursor &cursor, StructureModel &model) {
         Shell &s = model.shells[i];
         for (auto &v : s.vertices)
             NextGroupInt16(cursor, v);
-        if (ReadTokenLine(cursor, t)) {
-            SetInt16(s.name, t[1]);
-            SetInt16(s.thicknessCard, t[2]);
-            SetInt16(s.colour, t[4]);
+        if (ReadTokenLine(cursor, shell)) {
+            SetInt16(s.name, shell[1]);
+            SetInt16(s.thicknessCard, shell[2]);
+            SetInt16(s.colour, shell[4]);
         }
     }
 

@@ -4,8 +4,8 @@
 #include "model/structure_model.h"
 #include "platform/user_message.h"
 
-#include <array>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace vorna {
@@ -28,8 +28,9 @@ LoadResult ParseStructure(std::string text, StructureModel &model);
 // What the user is told of an outcome of the reader, when anything.
 std::optional<UserMessage> LoadMessage(LoadResult result);
 
-// Splits a line into blank- or tab-separated tokens, as repeated NextToken calls with a single
-// blank do; at most tokens.size() are kept. Returns how many were found (and kept).
-std::size_t SplitTokens(std::string_view line, std::array<std::string_view, 6> &tokens);
+// The leading numbers of a line's first numbers.size() blank- or tab-separated tokens, each as
+// LeadingNumber reads it, the tokens cut as repeated NextToken calls with a single blank cut them;
+// 0 for a token the line lacks.
+void ParseTokenNumbers(std::string_view line, std::span<double> numbers);
 
 } // namespace vorna

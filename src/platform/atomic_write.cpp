@@ -9,8 +9,11 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <limits>
+#include <optional>
 #include <random>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #ifdef _WIN32
@@ -27,6 +30,13 @@ namespace vorna {
 namespace {
 
 namespace fs = std::filesystem;
+
+#ifdef _WIN32
+constexpr unsigned long long kLargestProcessId = 0xFFFFFFFFU; // a DWORD
+#else
+// A pid_t; above it the number would name no process but a group, or all of them, to kill().
+constexpr unsigned long long kLargestProcessId = std::numeric_limits<pid_t>::max();
+#endif
 
 // The faults a test installed on this thread; none in the program.
 thread_local const WriteFaults *installedFaults = nullptr;
@@ -67,6 +77,59 @@ fs::path TemporaryName(const fs::path &target) {
     fs::path temp = target;
     temp += suffix.data();
     return temp;
+}
+
+using NameChar = fs::path::value_type;
+using Name = std::basic_string_view<NameChar>;
+
+// Takes ascii off the front of name when name starts with it.
+bool TakeText(Name &name, std::string_view ascii) {
+    if (name.size() < ascii.size())
+        return false;
+    for (std::size_t i = 0; i < ascii.size(); ++i)
+        if (name[i] != static_cast<NameChar>(ascii[i]))
+            return false;
+    name.remove_prefix(ascii.size());
+    return true;
+}
+
+bool IsDigit(NameChar c) {
+    return c >= '0' && c <= '9';
+}
+bool IsLowerHexDigit(NameChar c) {
+    return IsDigit(c) || (c >= 'a' && c <= 'f');
+}
+
+// Takes the characters that pass test off the front of name; how many they were.
+std::size_t TakeRun(Name &name, bool (*test)(NameChar)) {
+    std::size_t n = 0;
+    while (n < name.size() && test(name[n]))
+        ++n;
+    name.remove_prefix(n);
+    return n;
+}
+
+// The process that named a file as one of target's temporary files, the name exactly as
+// TemporaryName makes it: NAME.PID-RANDOM.vorna-tmp, the process id without leading zeros and
+// RANDOM sixteen lower-case hexadecimal digits. Nothing for any other name.
+std::optional<unsigned long> TemporaryOwner(Name name, Name target) {
+    if (name.substr(0, target.size()) != target)
+        return std::nullopt;
+    name.remove_prefix(target.size());
+    if (!TakeText(name, ".") || name.empty() || name[0] == '0')
+        return std::nullopt;
+    const Name digits = name;
+    const Name id = digits.substr(0, TakeRun(name, IsDigit));
+    if (id.empty() || !TakeText(name, "-") || TakeRun(name, IsLowerHexDigit) != 16 ||
+        !TakeText(name, ".vorna-tmp") || !name.empty())
+        return std::nullopt;
+    unsigned long long process = 0;
+    for (NameChar digit : id) {
+        process = process * 10 + static_cast<unsigned>(digit - '0');
+        if (process > kLargestProcessId)
+            return std::nullopt;
+    }
+    return static_cast<unsigned long>(process);
 }
 
 enum class Created { Yes, Taken, Refused, Failed };
@@ -170,8 +233,18 @@ void Remove(const fs::path &temp) {
     DeleteFileW(temp.c_str());
 }
 
+// Whether a process has ended. One that cannot be opened for other reasons (another user's) runs.
+bool ProcessEnded(unsigned long id) {
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(id));
+    if (process == nullptr)
+        return GetLastError() == ERROR_INVALID_PARAMETER;
+    const bool ended = WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
+    CloseHandle(process);
+    return ended;
+}
+
 // Windows ends a console program on Ctrl+C without running anything of it that could remove
-// the temporary file; its name tells what it is.
+// the temporary file; the next save of the file removes it (RemoveOrphanedTemporaries).
 class SignalGuard {
 public:
     explicit SignalGuard(const fs::path &) {}
@@ -269,6 +342,11 @@ void Remove(const fs::path &temp) {
     ::unlink(temp.c_str());
 }
 
+// Whether a process has ended. One this user may not signal (another user's) runs.
+bool ProcessEnded(unsigned long id) {
+    return ::kill(static_cast<pid_t>(id), 0) != 0 && errno == ESRCH;
+}
+
 // The temporary file of the write under way, for the signal handler. A handler can reach
 // nothing else: these two are the program's only globals, kept as plain bytes so that the
 // handler does nothing a signal may not (no allocation, no lock).
@@ -328,6 +406,23 @@ private:
 
 #endif
 
+// A run killed while saving (SIGKILL, a power cut) leaves its temporary file behind: before a
+// save, the temporary files of the same target whose process has ended go. A live run's file,
+// anything that is no regular file (a folder, a link: never followed) and every other name stay.
+void RemoveOrphanedTemporaries(const fs::path &target) {
+    const fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
+    const fs::path::string_type targetName = target.filename().native();
+    std::error_code ec;
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const fs::path::string_type name = it->path().filename().native();
+        const std::optional<unsigned long> owner = TemporaryOwner(name, targetName);
+        std::error_code statusError;
+        if (owner && fs::is_regular_file(it->symlink_status(statusError)) && !statusError &&
+            ProcessEnded(*owner))
+            Remove(it->path());
+    }
+}
+
 // Writes into the target itself: what cannot be replaced (a pipe, a device) or what lives in a
 // folder that takes no new file. Not atomic, which is why it is the fallback only.
 bool WriteInPlace(const fs::path &target, std::string_view content, bool regular) {
@@ -360,6 +455,7 @@ bool WriteFileAtomic(const fs::path &path, std::string_view content) {
         return WriteInPlace(target, content, false);
     if (old.readOnly)
         return false;
+    RemoveOrphanedTemporaries(target);
     for (int attempt = 0; attempt < 8; ++attempt) {
         const fs::path temp = TemporaryName(target);
         SignalGuard guard(temp);

@@ -22,6 +22,7 @@ struct ScaleRect {
     double top = 0;
     double width = 1;
     double height = 1;
+    friend bool operator==(const ScaleRect &, const ScaleRect &) = default;
 };
 
 // Names a shape drawn many times over (a glyph at one size and angle): equal names, equal strokes.

@@ -21,19 +21,10 @@ std::size_t Digits(std::string_view t, std::size_t i) {
     return i;
 }
 
+// The value of a span LeadingNumberSpan found.
 double ParseSpan(std::string_view span) {
     if (!span.empty() && span.front() == '+')
         span.remove_prefix(1);
-    // Most fields of the suite's files are short integers: read those without the float parser.
-    bool negative = !span.empty() && span.front() == '-';
-    std::string_view digits = span.substr(negative ? 1 : 0);
-    if (!digits.empty() && digits.size() <= 15 &&
-        std::all_of(digits.begin(), digits.end(), IsDigit)) {
-        long long n = 0;
-        for (char c : digits)
-            n = n * 10 + (c - '0');
-        return negative ? -static_cast<double>(n) : static_cast<double>(n);
-    }
     double value = 0;
     auto res = std::from_chars(span.data(), span.data() + span.size(), value);
     if (res.ec == std::errc::result_out_of_range) // strtod gives the signed infinity or 0
@@ -77,6 +68,11 @@ NumberSpan LeadingNumberSpan(std::string_view t) {
 }
 
 std::optional<double> LeadingNumberIfAny(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+        ++i;
+    if (auto integer = LeadingShortInteger(text.substr(i)))
+        return integer->value;
     NumberSpan span = LeadingNumberSpan(text);
     if (span.length == 0)
         return std::nullopt;
@@ -102,16 +98,6 @@ std::optional<double> StrictNumber(std::string_view text) {
 
 double RoundHalfEven(double value) {
     return std::nearbyint(value);
-}
-
-std::optional<std::int16_t> ToInt16(double value) {
-    // Most values are whole already: no rounding call for them.
-    if (value >= -32768.0 && value <= 32767.0 && static_cast<int>(value) == value)
-        return static_cast<std::int16_t>(value);
-    double r = RoundHalfEven(value);
-    if (!(r >= -32768.0 && r <= 32767.0))
-        return std::nullopt;
-    return static_cast<std::int16_t>(r);
 }
 
 std::optional<std::int32_t> ToInt32(double value) {

@@ -17,6 +17,26 @@ struct NumberSpan {
 };
 NumberSpan LeadingNumberSpan(std::string_view text);
 
+// The readers' common case, a short integer at the very start of text (an optional sign and 1 to
+// 15 digits, which a double holds exactly) that no ".", "e" or "E" continues: its value and
+// length. Nothing otherwise, and then LeadingNumberIfAny reads the text.
+struct ShortInteger {
+    double value = 0;
+    std::size_t length = 0;
+};
+inline std::optional<ShortInteger> LeadingShortInteger(std::string_view text) {
+    const bool negative = !text.empty() && text[0] == '-';
+    const std::size_t first = !text.empty() && (negative || text[0] == '+') ? 1 : 0;
+    std::size_t i = first;
+    std::uint64_t n = 0; // wraps round past 19 digits, which are not taken
+    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
+        n = n * 10 + static_cast<unsigned char>(text[i] - '0');
+    if (i == first || i - first > 15 ||
+        (i < text.size() && (text[i] == '.' || text[i] == 'e' || text[i] == 'E')))
+        return std::nullopt;
+    return ShortInteger{negative ? -static_cast<double>(n) : static_cast<double>(n), i};
+}
+
 // The leading number of a text, 0 when there is none (blanks before it are skipped).
 double LeadingNumber(std::string_view text);
 // The same, but nothing when the text does not start with a number.
@@ -27,7 +47,15 @@ std::optional<double> StrictNumber(std::string_view text);
 // Nearest integer, a half going to the even neighbour.
 double RoundHalfEven(double value);
 // Rounded to the nearest integer (half to even); nothing when outside the type's range or NaN.
-std::optional<std::int16_t> ToInt16(double value);
+// Inline: the readers call it for nearly every field.
+inline std::optional<std::int16_t> ToInt16(double value) {
+    // Most values are whole already: no rounding call for them.
+    if (!(value >= -32768.0 && value <= 32767.0 && static_cast<int>(value) == value))
+        value = RoundHalfEven(value);
+    if (!(value >= -32768.0 && value <= 32767.0))
+        return std::nullopt;
+    return static_cast<std::int16_t>(value);
+}
 std::optional<std::int32_t> ToInt32(double value);
 
 // Shortest decimal text that reads back as the same value, "." as separator, no blanks.

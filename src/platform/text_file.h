@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vorna {
 
@@ -19,8 +20,9 @@ bool FileExists(const std::filesystem::path &path);
 // name no other run takes, with the old file's mode and owner, flushed to disk and renamed over
 // it. A read-only target is refused. What cannot be replaced is written into instead: a pipe or
 // a device, and a writable file in a folder that takes no new file. A signal that ends the
-// program meanwhile removes the temporary file first. False when the text did not reach the
-// target whole (a replaced target is then untouched).
+// program meanwhile removes the temporary file first; the temporary files of the target that
+// runs killed outright left behind go before the next save. False when the text did not reach
+// the target whole (a replaced target is then untouched).
 bool WriteFileAtomic(const std::filesystem::path &path, std::string_view content);
 
 // Appends line and the CR LF that ends every line the program writes.
@@ -44,26 +46,34 @@ public:
     bool ReadLine(std::string_view &line);
     bool ReadTextField(std::string_view &field);
     bool ReadNumberField(std::string_view &field);
+    bool ReadLeadingNumber(std::optional<double> &value);
 
 private:
     struct Closer {
         void operator()(std::FILE *file) const { std::fclose(file); }
     };
-    int PeekByte();
+    bool ReadMore();
+    std::size_t LineLength(bool keep);
+    bool TakeLineEnd();
     bool LoadLine();
     bool EnsureLine();
     void SkipSpaces();
     void EndField();
+    bool FindNumberField();
+    void PassNumberField();
+    void EndNumberField();
     std::string_view Quoted();
 
     std::unique_ptr<std::FILE, Closer> file_;
-    std::string buffer_; // bytes read and not yet taken into a line
-    std::size_t bufferPos_ = 0;
-    std::string line_;       // the current line, without its end
-    std::size_t pos_ = 0;    // the read position in it
-    bool inLine_ = false;    // false once the line's end was consumed
-    bool lineEnded_ = false; // a line end (not the end of the file) follows the line
-    bool skipping_ = false;  // the rest of an overlong line is still to be passed over
+    // Bytes read, [0, bufferEnd_); a vector, so that line_ stays valid when the cursor moves.
+    std::vector<char> buffer_;
+    std::size_t bufferEnd_ = 0;
+    std::size_t bufferPos_ = 0; // the first byte not yet taken into a line
+    std::string_view line_;     // the current line, without its end: a view into buffer_
+    std::size_t pos_ = 0;       // the read position in it
+    bool inLine_ = false;       // false once the line's end was consumed
+    bool lineEnded_ = false;    // a line end (not the end of the file) follows the line
+    bool skipping_ = false;     // the rest of an overlong line is still to be passed over
 };
 
 // What read returns, or failed when the machine runs out of memory on the way: an input can make
@@ -86,5 +96,9 @@ bool ReadTextField(TextCursor &cursor, std::string_view &field);
 // One numeric field: blanks and empty lines before it are skipped, and a blank ends it as well
 // as a comma or the line end. The text of the field is returned for the caller to convert.
 bool ReadNumberField(TextCursor &cursor, std::string_view &field);
+// The leading number of the next numeric field, as LeadingNumberIfAny reads what ReadNumberField
+// returns: nothing in value when the field has none. Short integers are read in one pass. False
+// at the end of the file.
+bool ReadLeadingNumber(TextCursor &cursor, std::optional<double> &value);
 
 } // namespace vorna

@@ -17,8 +17,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
@@ -184,6 +186,49 @@ TEST(WindowUse, EscInTheColourChooserLeavesTheOptionsDialogOpen) {
     EXPECT_TRUE(optionsOpenAfterEsc);
 }
 
+// The menu "?" after Opzioni: F1 opens the gestures and keys, the other item the version and
+// the licences; each dialog fits on the screen at any scale, its lists and paragraphs wrapped
+// to its width, and Esc closes it.
+TEST(WindowUse, TheHelpMenuOpensDialogsThatFitTheScreen) {
+    MainWindow *parent = nullptr;
+    QtUi ui(parent);
+    DemoWindow w(ui, {733, 546});
+    const QList<QAction *> menus = w.window.menuBar()->actions();
+    ASSERT_GE(menus.size(), 2);
+    EXPECT_EQ(menus[menus.size() - 2]->text(), "Op&zioni");
+    EXPECT_EQ(menus.back()->text(), "?");
+    int opened = 0;
+    auto check = [&](const char *caption, auto inspect) {
+        QTimer::singleShot(0, [&, caption, inspect] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            ++opened;
+            EXPECT_EQ(dialog->windowTitle(), caption);
+            const QSize room = dialog->screen()->availableGeometry().size();
+            EXPECT_LE(dialog->width(), room.width());
+            EXPECT_LE(dialog->height(), room.height());
+            inspect(dialog);
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+    };
+    check("Comandi di mouse e tastiera", [](QDialog *dialog) {
+        auto *list = dialog->findChild<QTreeWidget *>();
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->topLevelItemCount(), 14);
+        EXPECT_LE(list->header()->length(), list->viewport()->width()) << "cut on the right";
+    });
+    QTest::keyClick(&w.window, Qt::Key_F1);
+    check("Informazioni su vorna", [](QDialog *dialog) {
+        bool qtNamed = false;
+        for (QLabel *label : dialog->findChildren<QLabel *>())
+            qtNamed = qtNamed || label->text().startsWith("Qt " + QString(qVersion()) + ",");
+        EXPECT_TRUE(qtNamed);
+    });
+    w.Item("Informazioni su vorna")->trigger();
+    EXPECT_EQ(opened, 2);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
     test::RecordingUi ui;
     DemoWindow w(ui, {1000, 700});
@@ -241,6 +286,30 @@ TEST(WindowUse, AnAngleThatIsNoNumberIsNamedAndTheViewKept) {
     EXPECT_EQ(ui.messages.size(), 2u);
 }
 
+// The tolerance boxes take what is typed when the user leaves them or presses Enter: a value out
+// of range is told once and the last valid one stays; a good one is kept in the job's file.
+TEST(WindowUse, ATypedToleranceIsTakenWhenTheBoxIsLeft) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {733, 546});
+    auto *box = static_cast<QLineEdit *>(w.Widget("TolAngoli"));
+    const QRect frame = w.InClient(w.Widget("FrameSel"));
+    EXPECT_TRUE(frame.contains(w.InClient(box))) << "the box lies within its frame";
+    box->setFocus();
+    QTest::keyClicks(box, "60");
+    w.Widget("TolLunghezze")->setFocus(); // Tab, or a click elsewhere
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Toll. angoli (\xB0): \"60\" non \xE8 un numero da 0 a 45. "
+                                   "Resta il valore 0.");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "1.5");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(w.program->tolerances.angle.value, 1.5);
+    EXPECT_EQ(test::ReadBytes(w.dir.path() / "suite" / "lavori" / "demo01" / "VornaTolleranze.txt"),
+              "TolAngoli=1.5\r\nTolLunghezze=\r\n");
+}
+
 TEST(WindowUse, ADrawingNamedWithoutExtensionGetsTheTypes) {
     test::RecordingUi ui;
     DemoWindow w(ui, {1000, 700});
@@ -258,19 +327,23 @@ TEST(WindowUse, ARightDragOrbitsAndARightClickStillPopsUp) {
     test::RecordingUi ui;
     DemoWindow w(ui, {1000, 700});
     const QPoint start = w.NodePixel(18);
+    // 100 pixels right and 20 up in four moves, each redrawing the turned view: 50° and 10°.
     QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
-    QMouseEvent move(QEvent::MouseMove, start + QPoint(20, -10), start + QPoint(20, -10),
-                     Qt::NoButton, Qt::RightButton, Qt::NoModifier);
-    QApplication::sendEvent(w.Disegno(), &move);
-    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(20, -10));
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "35");
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+    for (int k = 1; k <= 4; ++k) {
+        const QPoint at = start + QPoint(25, -5) * k;
+        QMouseEvent move(QEvent::MouseMove, at, w.Disegno()->mapToGlobal(at), Qt::NoButton,
+                         Qt::RightButton, Qt::NoModifier);
+        QApplication::sendEvent(w.Disegno(), &move);
+    }
+    QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(100, -20));
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "40");
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "80");
     EXPECT_TRUE(ui.popUps.empty());
 
     QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
     QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(2, 1));
     EXPECT_EQ(ui.popUps, std::vector<std::string>{"Visualizza"});
-    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "40");
+    EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "80");
 }
 
 TEST(WindowUse, TheNodeUnderTheRestingCursorIsRingedOverThePicture) {
@@ -399,7 +472,9 @@ TEST(WindowUse, TheReviewTableIsWholeAndActsOnTheList) {
             if (cell(r, 1) == "13") {
                 EXPECT_FALSE(model->flags(model->index(r, 0)) & Qt::ItemIsUserCheckable);
             }
-        QTest::mouseClick(dialog->findChildren<QPushButton *>().back(), Qt::LeftButton);
+        for (QPushButton *button : dialog->findChildren<QPushButton *>())
+            if (button->text() == "Chiudi")
+                QTest::mouseClick(button, Qt::LeftButton);
     });
     w.Item("Revisione &nodi analoghi...")->trigger();
     EXPECT_EQ(looked, (std::vector<QString>{"24", "24"}));

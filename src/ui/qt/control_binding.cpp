@@ -53,7 +53,8 @@ void ApplyRows(QTreeWidget *list, const Control &c) {
                 }
             list->addTopLevelItem(item);
         }
-        for (int k = 0; k < list->columnCount(); ++k)
+        // A list whose cells wrap keeps the widths its dialog gave its columns.
+        for (int k = 0; k < list->columnCount() && !list->wordWrap(); ++k)
             list->resizeColumnToContents(k);
     }
     const int row = ToQString(c.text).toInt() - 1;

@@ -15,7 +15,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTreeWidget>
@@ -29,6 +31,46 @@ std::string Indexed(const char *name, int i) {
     return std::string(name) + "(" + std::to_string(i) + ")";
 }
 
+// A label whose text wraps at the dialog's width and can be selected (and copied).
+QLabel *Paragraph(QWidget *label) {
+    auto *paragraph = qobject_cast<QLabel *>(label);
+    paragraph->setWordWrap(true);
+    paragraph->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return paragraph;
+}
+
+// Cells that wrap their text at their column's width, from the top, the row as tall as its
+// tallest cell and a little more: QTreeView measures rows without the columns' widths.
+class WrappingCells : public QStyledItemDelegate {
+public:
+    explicit WrappingCells(QTreeWidget *list) : QStyledItemDelegate(list), list_(list) {}
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+        QStyleOptionViewItem cell = option;
+        // A valid rectangle: the style wraps only within one.
+        cell.rect = QRect(0, 0, list_->header()->sectionSize(index.column()), 1);
+        cell.features |= QStyleOptionViewItem::WrapText;
+        return QStyledItemDelegate::sizeHint(cell, index) + QSize(0, kRowGap);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *cell, const QModelIndex &index) const override {
+        QStyledItemDelegate::initStyleOption(cell, index);
+        cell->displayAlignment = Qt::AlignLeft | Qt::AlignTop;
+    }
+
+private:
+    static constexpr int kRowGap = 4;
+    QTreeWidget *list_;
+};
+
+QHBoxLayout *ClosingRow(QWidget *close) {
+    qobject_cast<QPushButton *>(close)->setDefault(true);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(close);
+    return buttons;
+}
+
 } // namespace
 
 DialogWindow::LayoutBuilder DialogWindow::LayoutOf(std::string_view dialog) {
@@ -38,6 +80,8 @@ DialogWindow::LayoutBuilder DialogWindow::LayoutOf(std::string_view dialog) {
         {"FormTipiNodo", &DialogWindow::BuildFormTipiNodo},
         {"FormPercheNo", &DialogWindow::BuildFormPercheNo},
         {"FormRevisione", &DialogWindow::BuildFormRevisione},
+        {"FormComandi", &DialogWindow::BuildFormComandi},
+        {"FormInformazioni", &DialogWindow::BuildFormInformazioni},
     };
     for (const auto &[name, build] : kLayouts)
         if (name == dialog)
@@ -205,6 +249,66 @@ void DialogWindow::BuildFormPercheNo() {
     column->addLayout(buttons);
 }
 
+void DialogWindow::FitToScreen(QSize wanted) {
+    const QWidget *over = parentWidget() ? parentWidget() : this;
+    // Room for the frame and the title bar that the window manager adds.
+    if (const QScreen *screen = over->screen())
+        wanted = wanted.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
+    resize(wanted);
+}
+
+// The gestures and keys: a list whose long cells wrap, scrolling when the screen is short.
+void DialogWindow::BuildFormComandi() {
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(Paragraph(Text("Nota")));
+    auto *list = qobject_cast<QTreeWidget *>(List("ListaComandi", "Label1"));
+    list->setMinimumSize(240, 120);
+    list->setWordWrap(true);
+    list->setUniformRowHeights(false);
+    list->setItemDelegate(new WrappingCells(list));
+    connect(list->header(), &QHeaderView::sectionResized, list, [list] { list->doItemsLayout(); });
+    list->setSelectionMode(QAbstractItemView::NoSelection);
+    list->setAlternatingRowColors(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    column->addWidget(list, 1);
+    QWidget *close = Button("Chiudi");
+    column->addLayout(ClosingRow(close));
+    close->setFocus();
+    FitToScreen({780, 540});
+    list->header()->resizeSection(0, width() * 2 / 5);
+}
+
+// The program, its build and the Qt under it, then the licences in a pane that scrolls.
+void DialogWindow::BuildFormInformazioni() {
+    auto *column = new QVBoxLayout(this);
+    QLabel *name = Paragraph(Text("Programma"));
+    QFont large = name->font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    name->setFont(large);
+    column->addWidget(name);
+    for (const char *line : {"Descrizione", "Versione", "Compilazione", "VersioneQt"})
+        column->addWidget(Paragraph(Text(line)));
+    QLabel *title = Paragraph(Text("Label1"));
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    column->addSpacing(title->fontMetrics().height() / 2);
+    column->addWidget(title);
+    auto *pane = new QScrollArea(this);
+    pane->setWidgetResizable(true);
+    pane->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto *licences = new QWidget(pane);
+    auto *paragraphs = new QVBoxLayout(licences);
+    for (const char *notice : {"LicenzaQt", "LicenzaFont", "LicenzaFdlibm", "LicenzaRuntime"})
+        paragraphs->addWidget(Paragraph(Text(notice)));
+    paragraphs->addStretch();
+    pane->setWidget(licences);
+    column->addWidget(pane, 1);
+    column->addLayout(ClosingRow(Button("Chiudi")));
+    FitToScreen({640, 480});
+}
+
 // One row per record over a model that asks only for the rows in sight: thousands open at
 // once. A header click sorts; a check box ticked is a click on the row's check-box control.
 void DialogWindow::BuildFormRevisione() {
@@ -244,20 +348,14 @@ void DialogWindow::BuildFormRevisione() {
         connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                 [this] { Raise("Righe"); });
     column->addWidget(Bind("Righe", table_));
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(Button("EsportaCSV"));
-    auto *close = qobject_cast<QPushButton *>(Button("Chiudi"));
-    close->setDefault(true);
-    buttons->addWidget(close);
+    QHBoxLayout *buttons = ClosingRow(Button("Chiudi"));
+    buttons->insertWidget(1, Button("EsportaCSV"));
     column->addLayout(buttons);
     // Wide enough for every column, as far as the screen allows.
-    const int wide = header->length() + 2 * table_->frameWidth() +
+    FitToScreen({header->length() + 2 * table_->frameWidth() +
                      table_->verticalScrollBar()->sizeHint().width() +
-                     column->contentsMargins().left() + column->contentsMargins().right();
-    const QRect screen =
-        this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1280, 800);
-    resize(std::min(wide, screen.width() * 9 / 10), std::min(460, screen.height() * 9 / 10));
+                     column->contentsMargins().left() + column->contentsMargins().right(),
+                 460});
 }
 
 } // namespace vorna::qt

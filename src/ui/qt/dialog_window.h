@@ -44,7 +44,11 @@ private:
     QWidget *List(const std::string &name, const char *titles, QWidget *parent = nullptr);
     void BuildFormTipiNodo();
     void BuildFormPercheNo();
+    void BuildFormComandi();
+    void BuildFormInformazioni();
     void BuildFormRevisione();
+    // As large as wanted, but never larger than the screen the dialog opens on.
+    void FitToScreen(QSize wanted);
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
     void Raise(const std::string &control, bool mouseUp = false);
     void Show();

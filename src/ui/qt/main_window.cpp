@@ -59,6 +59,13 @@ Modifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
             (modifiers & Qt::AltModifier) != 0};
 }
 
+// Whether Qt is linked into the program (the Windows build), for "Informazioni su vorna".
+#ifdef QT_STATIC
+constexpr bool kQtStatic = true;
+#else
+constexpr bool kQtStatic = false;
+#endif
+
 // The widest text a label of the status row can show, pixels.
 int WidestText(const QWidget *label, std::initializer_list<const char *> captions,
                const std::string &current) {
@@ -92,6 +99,7 @@ void MainWindow::KeepStatusRowWhole(bool keep) {
 
 void MainWindow::Attach(Program &program, InitialSize initialSize) {
     program_ = &program;
+    program.toolkit = {qVersion(), kQtStatic};
     for (Binding &b : bindings_) {
         b.control = FindControl(program.form, b.name);
         b.shown.reset();
