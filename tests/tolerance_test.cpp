@@ -243,6 +243,25 @@ TEST(TolerantMatch, TurnedPairingAgainstEnumeration) {
     EXPECT_LT(found, 480);
 }
 
+// A tower joint of nine bars (legs, horizontals, diagonals) turned a quarter about z, under the
+// widest angle tolerance: of the many pairings that pass, an exact one.
+TEST(TolerantMatch, AWideToleranceStillFindsTheExactPairingOfACrowdedJoint) {
+    const std::vector<Vec3> joint = {{0, 0, 1}, {0, 0, -1}, {1, 0, 0},  {0, 1, 0}, {1, 0, 1},
+                                     {0, 1, 1}, {1, 1, 0},  {1, 0, -1}, {0, 1, -1}};
+    std::vector<Vec3> base, turned;
+    for (const Vec3 &b : joint) {
+        base.push_back(UnitOf(b));
+        turned.push_back(UnitOf(Turned(b, {0, 0, 1}, kPi / 2)));
+    }
+    std::reverse(turned.begin(), turned.end());
+    const std::vector<std::optional<Vec3>> offered(turned.begin(), turned.end());
+    const BipartiteGraph all{9, 9, std::vector<std::uint8_t>(81, 1)};
+    const auto found = MatchRotatedWithin(base, offered, all,
+                                          Agreement(Within(AnalogyMethod::Rotated, false, 45, 0)));
+    ASSERT_TRUE(found);
+    EXPECT_LT(found->worst, 1e-6); // the quarter turn, or the half turn the joint also allows
+}
+
 // Joints of a frame whose every bar is turned and stretched by a fraction of the tolerances:
 // within them (0.3) every method finds every copy, beyond them (3) none.
 TEST(TolerantMatch, CopiesWithinTheTolerancesAreFoundAndBeyondThemNot) {

@@ -21,6 +21,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
@@ -121,6 +124,34 @@ TEST(WindowUse, TypeLabelsSitOnTheSchemaAtEverySize) {
     const QString before = label->text();
     QTest::mouseClick(label, Qt::LeftButton);
     EXPECT_NE(label->text(), before);
+}
+
+TEST(WindowUse, TheSchemaComesIntoSightWithItsLabels) {
+    test::RecordingUi ui;
+    DemoWindow w(ui, {1000, 700});
+    w.window.resize(200, 300); // the form's smallest size
+    w.Settle();
+    QWidget *picture = w.Widget("Picture1");
+    QWidget *viewport = picture->parentWidget()->parentWidget();
+    QScrollBar *bar = static_cast<QScrollArea *>(viewport->parentWidget())->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0) << "the side bar does not scroll at the smallest size";
+    auto inSight = [&](const char *when) {
+        const QRect sight = w.InClient(viewport);
+        EXPECT_TRUE(sight.contains(w.InClient(picture))) << "the schema " << when;
+        for (int k = 1; k <= 30; ++k) {
+            QWidget *label = w.Widget("LabelTipo(" + std::to_string(k) + ")");
+            EXPECT_TRUE(!label->isVisible() || sight.contains(w.InClient(label)))
+                << "LabelTipo(" << k << ") " << when;
+        }
+    };
+    w.ChooseBaseNode(18);
+    inSight("after the base node is chosen");
+    // Scrolled back to the top, it comes into sight again when the window takes a new size.
+    bar->setValue(0);
+    ASSERT_FALSE(w.InClient(viewport).contains(w.InClient(picture)));
+    w.window.resize(733, 546);
+    w.Settle();
+    inSight("after a resize");
 }
 
 TEST(WindowUse, AMiddleButtonDragKeepsThePointUnderTheCursor) {
@@ -255,6 +286,42 @@ TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
             right = place.right();
         }
     }
+}
+
+// A platform's own font (Windows draws with its own) can be larger than the one the design's
+// twips were drawn for: the angle row then takes the room its text needs, clear of the drawing
+// above and of the status row below, in the shortest window.
+TEST(WindowUse, TheAngleRowStaysWholeAboveTheStatusRowInALargerFont) {
+    const QFont usual = QApplication::font();
+    for (double scale : {1.0, 1.25}) {
+        QFont font = usual;
+        font.setPointSizeF(usual.pointSizeF() * scale);
+        QApplication::setFont(font);
+        test::RecordingUi ui;
+        DemoWindow w(ui, {1000, 700});
+        w.window.resize(1000, 200);
+        w.Settle();
+        const int drawing = w.InClient(w.Disegno()).bottom();
+        const int status = w.InClient(w.Widget("Frame2(0)")).top();
+        for (const char *name : {"Label1(0)", "Label2(0)", "Angolo(0)", "Label1(2)", "Label2(2)",
+                                 "Angolo(2)", "Label5", "StringaSel"}) {
+            const QRect place = w.InClient(w.Widget(name));
+            EXPECT_GT(place.top(), drawing) << name << " over the drawing, font x" << scale;
+            EXPECT_LT(place.bottom(), status) << name << " over the status row, font x" << scale;
+        }
+        auto *box = static_cast<QLineEdit *>(w.Widget("Angolo(0)"));
+        const int frame = box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, box);
+        EXPECT_GE(box->height() - 2 * frame, box->fontMetrics().height()) << "font x" << scale;
+        auto *caption = static_cast<QLabel *>(w.Widget("Label5"));
+        EXPECT_GE(caption->width(), caption->fontMetrics().horizontalAdvance(caption->text()));
+        for (const char *name : {"Frame2(1)", "FrameCoord", "SottoFunAttiva", "LabCoord"}) {
+            auto *widget = w.Widget(name);
+            EXPECT_LE(w.InClient(widget).bottom(), w.window.centralWidget()->height() - 1)
+                << name << " below the window, font x" << scale;
+            EXPECT_GE(widget->height(), widget->fontMetrics().height()) << name;
+        }
+    }
+    QApplication::setFont(usual);
 }
 
 TEST(WindowUse, QtsOwnDialogsSpeakItalian) {

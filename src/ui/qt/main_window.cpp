@@ -1,15 +1,14 @@
 // The main window FormVorna: events in as commands, the form out as widget state.
 //
 // Sections: Qt's buttons and modifiers as the program's; attaching a program and the window's
-// size; the form shown on the widgets (SyncFromForm, the side bar, the status row, menus,
-// overlays); running a command (Run); Disegno's mouse, wheel and keys; resizing, closing and
-// the shortcuts over text boxes.
+// size; the form shown on the widgets (SyncFromForm, the side bar, menus, overlays); running a
+// command (Run); Disegno's mouse, wheel and keys; resizing, closing and the shortcuts over text
+// boxes. The rows under the drawing are laid out in window_rows.cpp.
 #include "ui/qt/main_window.h"
 
 #include "app/command_steps.h"
 #include "app/commands.h"
 #include "app/dispatch.h"
-#include "selection/selection_modes.h"
 #include "ui/qt/qt_ui.h"
 
 #include <QAction>
@@ -65,16 +64,6 @@ constexpr bool kQtStatic = true;
 #else
 constexpr bool kQtStatic = false;
 #endif
-
-// The widest text a label of the status row can show, pixels.
-int WidestText(const QWidget *label, std::initializer_list<const char *> captions,
-               const std::string &current) {
-    const QFontMetrics metrics(label->font());
-    int widest = metrics.horizontalAdvance(ToQString(current));
-    for (const char *caption : captions)
-        widest = std::max(widest, metrics.horizontalAdvance(ToQString(caption)));
-    return widest;
-}
 
 } // namespace
 
@@ -175,7 +164,7 @@ void MainWindow::SyncFromForm() {
     for (Binding &b : bindings_)
         ApplyBinding(b, tpp);
     SyncSideBar();
-    SyncStatusRow();
+    SyncStatusRow(SyncAngleRow());
     SyncMenus();
     if (QString title = ToQString(f.caption); title != windowTitle())
         setWindowTitle(title);
@@ -234,71 +223,28 @@ void MainWindow::SyncSideBar() {
     sideBar_->setGeometry(origin.x() - bar, origin.y(), content->width() + bar,
                           scrolls ? room : content->height());
     sideBar_->setVisible(f.FrameSel.visible);
+    // A schema drawn for a new base node, or a new window size while one is set, is brought into
+    // sight: setting its bar types comes next, and a short window leaves it below the fold.
+    const QSizeF formSize(f.width, f.height);
+    const int node = program_->connection.baseNode;
+    if (node == schemaNode_ && formSize == schemaFormSize_)
+        return;
+    schemaNode_ = node;
+    schemaFormSize_ = formSize;
+    if (node >= 0 && f.FrameSel.visible && f.Label7.enabled)
+        ScrollToSchema();
 }
 
-// The status row from the form's places, widened where a caption needs more room than the
-// design gave it, so that every caption and the coordinate read-out stay whole.
-void MainWindow::SyncStatusRow() {
-    const FormVorna &f = program_->form;
-    const double tpp = TwipsPerPixel();
-    constexpr int kPad = 4, kGap = 4;
-    QWidget *function = Widget("FunAttiva"), *mode = Widget("SottoFunAttiva");
-    QWidget *caption = Widget("Label6"), *readout = Widget("LabCoord");
-    const int functionText = WidestText(function,
-                                        {FunctionCaption(ActiveFunction::AddNodes),
-                                         FunctionCaption(ActiveFunction::RemoveNodes),
-                                         FunctionCaption(ActiveFunction::ChooseBaseNode),
-                                         FunctionCaption(ActiveFunction::RemoveBaseBars),
-                                         FunctionCaption(ActiveFunction::ShowBarTypes)},
-                                        f.FunAttiva.caption);
-    const int modeText =
-        WidestText(mode,
-                   {ModeCaption(SelectionMode::Window), ModeCaption(SelectionMode::Material),
-                    ModeCaption(SelectionMode::Name), ModeCaption(SelectionMode::Direct),
-                    ModeCaption(SelectionMode::ConstraintCard), "Zoom", "Sposta"},
-                   f.SottoFunAttiva.caption);
-    QRect frame0 = TwipsToPixels(f.Frame2[0], tpp);
-    frame0.setWidth(std::max(frame0.width(), functionText + 4 * kPad));
-    QRect frame1 = TwipsToPixels(f.Frame2[1], tpp);
-    frame1.moveLeft(std::max(frame1.left(), frame0.right() + kGap));
-    frame1.setWidth(std::max(frame1.width(), modeText + 4 * kPad));
-    QRect coord = TwipsToPixels(f.FrameCoord, tpp);
-    const int right = coord.right();
-    coord.setLeft(std::max(coord.left(), frame1.right() + kGap));
-    coord.setRight(std::max(right, coord.left()));
-    QRect label6 = TwipsToPixels(f.Label6, tpp);
-    label6.moveLeft(std::max(label6.left(), coord.left() + kPad));
-    label6.setWidth(std::max(label6.width(), WidestText(caption, {}, f.Label6.caption) + kPad));
-    QRect labCoord = TwipsToPixels(f.LabCoord, tpp);
-    labCoord.moveLeft(std::max(labCoord.left(), label6.right() + kGap));
-    labCoord.setRight(std::max(labCoord.left(), coord.right() - kPad));
-    // Each caption inside its frame, at the design's height.
-    auto inside = [&](const QRect &frame, const Control &label) {
-        const QRect place = TwipsToPixels(label, tpp);
-        return QRect(frame.left() + kPad, place.top(), frame.width() - 2 * kPad, place.height());
-    };
-    const std::pair<QWidget *, QRect> places[] = {
-        {Widget("Frame2(0)"), frame0},
-        {function, inside(frame0, f.FunAttiva)},
-        {Widget("Frame2(1)"), frame1},
-        {mode, inside(frame1, f.SottoFunAttiva)},
-        {Widget("FrameCoord"), coord},
-        {caption, label6},
-        {readout, labCoord},
-        // The verdict in what the coordinate frame leaves free before its caption.
-        {Widget("Esito"),
-         QRect(coord.left() + kPad, label6.top(),
-               std::max(0, label6.left() - kGap - coord.left() - kPad), label6.height())}};
-    for (const auto &[widget, place] : places)
-        widget->setGeometry(place);
-    if (keepStatusRowWhole_) {
-        // The narrowest window still shows a read-out of the largest coordinates and name.
-        const int widest = WidestText(readout, {"-99999, -99999, -99999 [N20001]"}, "");
-        const int minimum =
-            frame1.right() + 2 * kGap + 2 * kPad + label6.width() + widest + (width() - right);
-        if (minimumWidth() != minimum)
-            setMinimumWidth(minimum);
-    }
+// Scrolls the side bar the least that shows the schema with its caption and labels, taken from
+// where the widgets are; where the window is too short for all of it, its top stays in sight.
+void MainWindow::ScrollToSchema() {
+    QRect schema = picture1_->geometry() | Widget("Label7")->geometry();
+    for (const Binding &b : bindings_)
+        if (b.name.starts_with("LabelTipo(") && !b.widget->isHidden())
+            schema |= b.widget->geometry();
+    QScrollBar *bar = sideBar_->verticalScrollBar();
+    const int sight = sideBar_->viewport()->height();
+    bar->setValue(std::min(schema.top(), std::max(bar->value(), schema.bottom() + 1 - sight)));
 }
 
 void MainWindow::SyncOverlays() {

@@ -10,6 +10,7 @@
 
 #include <QKeySequence>
 #include <QMainWindow>
+#include <QSizeF>
 
 #include <functional>
 #include <string>
@@ -68,7 +69,9 @@ private:
     void SyncOverlays();
     QWidget *Widget(std::string_view name) const;
     void SyncSideBar();
-    void SyncStatusRow();
+    void ScrollToSchema();
+    int SyncAngleRow();
+    void SyncStatusRow(int angleRowBottom);
     QSize WindowSizeOfForm() const;
     void TakeSizeFromWindow();
     void DisegnoMouse(QMouseEvent *event, MouseEvent::Kind kind);
@@ -81,6 +84,9 @@ private:
     QToolBar *toolbar_ = nullptr;
     QScrollArea *sideBar_ = nullptr;
     bool keepStatusRowWhole_ = true;
+    // The base node and the form size the side bar last brought the schema into sight for.
+    int schemaNode_ = -1;
+    QSizeF schemaFormSize_;
     std::vector<Binding> bindings_;
     std::vector<MenuAction> actions_;
     std::vector<QKeySequence> shortcuts_;
