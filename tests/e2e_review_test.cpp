@@ -2,6 +2,7 @@
 // the rotation worked out here from `dump model` by plain means (every pairing tried, the
 // rotation fitted by Gauss-Newton steps); and unticking and ticking nodes against removing and
 // adding them by hand.
+#include "connection/vec3.h"
 #include "e2e_support.h"
 
 #include <algorithm>
@@ -14,29 +15,12 @@
 namespace vorna {
 namespace {
 
-using V = std::array<double, 3>;
+using V = Vec3;
 using M = std::array<V, 3>; // rows
 
-V Minus(const V &a, const V &b) {
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
-double DotOf(const V &a, const V &b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-V CrossOf(const V &a, const V &b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-double Length(const V &a) {
-    return std::sqrt(DotOf(a, a));
-}
-V Times(const V &a, double s) {
-    return {a[0] * s, a[1] * s, a[2] * s};
-}
-double DegreesBetween(const V &a, const V &b) {
-    return std::atan2(Length(CrossOf(a, b)), DotOf(a, b)) * 180 / std::numbers::pi;
-}
+// The vector arithmetic is the program's; the pairings and the rotation are worked out here.
 V Apply(const M &r, const V &v) {
-    return {DotOf(r[0], v), DotOf(r[1], v), DotOf(r[2], v)};
+    return {Dot(r[0], v), Dot(r[1], v), Dot(r[2], v)};
 }
 M Product(const M &a, const M &b) {
     M c{};
@@ -47,11 +31,11 @@ M Product(const M &a, const M &b) {
 }
 // The turn by |d| radians about d.
 M TurnOf(const V &d) {
-    const double angle = Length(d);
+    const double angle = Norm(d);
     M r{V{1, 0, 0}, V{0, 1, 0}, V{0, 0, 1}};
     if (angle < 1e-300)
         return r;
-    const V a = Times(d, 1 / angle);
+    const V a = Scaled(d, 1 / angle);
     const double c = std::cos(angle), s = std::sin(angle);
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j)
@@ -62,8 +46,8 @@ M TurnOf(const V &d) {
 }
 // A frame's columns: along a, across a and b, and the third.
 M FrameColumns(const V &a, const V &b) {
-    const V e1 = Times(a, 1 / Length(a));
-    const V n = CrossOf(a, b), e2 = Times(n, 1 / Length(n)), e3 = CrossOf(e1, e2);
+    const V e1 = Scaled(a, 1 / Norm(a));
+    const V n = Cross(a, b), e2 = Scaled(n, 1 / Norm(n)), e3 = Cross(e1, e2);
     return {V{e1[0], e2[0], e3[0]}, V{e1[1], e2[1], e3[1]}, V{e1[2], e2[2], e3[2]}};
 }
 M Transposed(const M &m) {
@@ -71,13 +55,13 @@ M Transposed(const M &m) {
             V{m[0][2], m[1][2], m[2][2]}};
 }
 V Solve(const M &h, const V &g) {
-    const double det = DotOf(h[0], CrossOf(h[1], h[2]));
+    const double det = Dot(h[0], Cross(h[1], h[2]));
     V x{};
     for (int c = 0; c < 3; ++c) {
         M hc = h;
         for (int r = 0; r < 3; ++r)
             hc[r][c] = g[r];
-        x[c] = DotOf(hc[0], CrossOf(hc[1], hc[2])) / det;
+        x[c] = Dot(hc[0], Cross(hc[1], hc[2])) / det;
     }
     return x;
 }
@@ -89,8 +73,8 @@ std::optional<std::pair<int, int>> Spread(const std::vector<V> &u) {
     double most = 1e-3;
     for (std::size_t i = 0; i < u.size(); ++i)
         for (std::size_t j = i + 1; j < u.size(); ++j)
-            if (Length(CrossOf(u[i], u[j])) > most)
-                most = Length(CrossOf(u[i], u[j])), best = {int(i), int(j)};
+            if (Norm(Cross(u[i], u[j])) > most)
+                most = Norm(Cross(u[i], u[j])), best = {int(i), int(j)};
     return best;
 }
 
@@ -103,16 +87,16 @@ M FitRotation(const std::vector<V> &u, const std::vector<V> &w, std::pair<int, i
         V g{};
         M h{};
         for (std::size_t k = 0; k < u.size(); ++k) {
-            const V v = Apply(r, u[k]), t = CrossOf(v, w[k]);
+            const V v = Apply(r, u[k]), t = Cross(v, w[k]);
             for (int i = 0; i < 3; ++i) {
                 g[i] += t[i];
                 for (int j = 0; j < 3; ++j)
-                    h[i][j] += (i == j ? DotOf(v, v) : 0) - v[i] * v[j];
+                    h[i][j] += (i == j ? Dot(v, v) : 0) - v[i] * v[j];
             }
         }
         const V d = Solve(h, g);
         r = Product(TurnOf(d), r);
-        if (Length(d) < 1e-15)
+        if (Norm(d) < 1e-15)
             break;
     }
     return r;
@@ -122,17 +106,17 @@ M FitRotation(const std::vector<V> &u, const std::vector<V> &w, std::pair<int, i
 std::pair<double, V> AngleAxis(const M &r) {
     const V s{r[2][1] - r[1][2], r[0][2] - r[2][0], r[1][0] - r[0][1]};
     const double angle =
-        std::atan2(Length(s), r[0][0] + r[1][1] + r[2][2] - 1) * 180 / std::numbers::pi;
-    if (Length(s) > 1e-6)
-        return {angle, Times(s, 1 / Length(s))};
+        std::atan2(Norm(s), r[0][0] + r[1][1] + r[2][2] - 1) * 180 / std::numbers::pi;
+    if (Norm(s) > 1e-6)
+        return {angle, Scaled(s, 1 / Norm(s))};
     // A half turn (or none): the axis is the longest column of R + I.
     V best{0, 0, 1};
     double longest = 1e-6;
     for (int c = 0; c < 3; ++c) {
         V column{r[0][c], r[1][c], r[2][c]};
         column[c] += 1;
-        if (Length(column) > longest)
-            longest = Length(column), best = Times(column, 1 / longest);
+        if (Norm(column) > longest)
+            longest = Norm(column), best = Scaled(column, 1 / longest);
     }
     return {angle, best};
 }
@@ -166,10 +150,10 @@ struct DumpedModel {
     std::optional<V> Vector(int bar, int node) const {
         const auto [i, j] = bars.at(bar);
         const V p = points[nodePoint.at(node)];
-        if (Length(Minus(points[i], p)) < 1e-4)
-            return Minus(points[j], points[i]);
-        if (Length(Minus(points[j], p)) < 1e-4)
-            return Minus(points[i], points[j]);
+        if (Norm(Sub(points[i], p)) < 1e-4)
+            return Sub(points[j], points[i]);
+        if (Norm(Sub(points[j], p)) < 1e-4)
+            return Sub(points[i], points[j]);
         return std::nullopt;
     }
     std::vector<int> BarsAt(int node) const {
@@ -232,17 +216,13 @@ struct Config {
     int method;
 };
 
-V Mirrored(const V &v) {
-    return {-v[0], -v[1], v[2]};
-}
-
 bool Agree(const V &b, const V &c, const Config &cfg, bool unit) {
     if (cfg.degrees == 0 && cfg.percent == 0) {
-        const V x = unit ? Times(b, 1 / Length(b)) : b, y = unit ? Times(c, 1 / Length(c)) : c;
+        const V x = unit ? Scaled(b, 1 / Norm(b)) : b, y = unit ? Scaled(c, 1 / Norm(c)) : c;
         return std::fabs(x[0] - y[0]) < 1e-4 && std::fabs(x[1] - y[1]) < 1e-4 &&
                std::fabs(x[2] - y[2]) < 1e-4;
     }
-    return DegreesBetween(b, c) <= cfg.degrees;
+    return AngleDegrees(b, c) <= cfg.degrees;
 }
 
 bool LengthsAgree(double a, double b, const Config &cfg) {
@@ -289,8 +269,8 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
         const V vb = *model.Vector(b, cfg.base);
         const std::optional<V> vc = model.Vector(c, line.node);
         ASSERT_TRUE(vc) << where << ": bar " << c << " does not meet the node";
-        lu.push_back(Length(vb)), lw.push_back(Length(*vc));
-        u.push_back(Times(vb, 1 / lu.back())), w.push_back(Times(*vc, 1 / lw.back()));
+        lu.push_back(Norm(vb)), lw.push_back(Norm(*vc));
+        u.push_back(Scaled(vb, 1 / lu.back())), w.push_back(Scaled(*vc, 1 / lw.back()));
     }
     const std::size_t n = u.size();
     double largestLength = 0;
@@ -311,8 +291,8 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
     std::vector<double> lens;
     for (int bar : at) {
         const V v = *model.Vector(bar, line.node);
-        lens.push_back(Length(v));
-        dirs.push_back(Times(v, 1 / Length(v)));
+        lens.push_back(Norm(v));
+        dirs.push_back(Scaled(v, 1 / Norm(v)));
     }
     double largest = 0;
     if (cfg.method == 0 || cfg.method == 1) {
@@ -320,14 +300,14 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
         for (std::size_t k = 0; k < n; ++k) {
             const bool named = std::find(line.mirrored.begin(), line.mirrored.end(), int(k) + 1) !=
                                line.mirrored.end();
-            const V vb = Times(u[k], lu[k]), vc = Times(w[k], lw[k]);
+            const V vb = Scaled(u[k], lu[k]), vc = Scaled(w[k], lw[k]);
             const bool direct = Agree(lengthsToo ? vb : u[k], lengthsToo ? vc : w[k], cfg, false);
             EXPECT_EQ(named, !direct) << where << " base bar " << k + 1;
             EXPECT_TRUE(direct ||
-                        (cfg.method == 1 && Agree(lengthsToo ? vb : u[k],
-                                                  Mirrored(lengthsToo ? vc : w[k]), cfg, false)))
+                        (cfg.method == 1 &&
+                         Agree(lengthsToo ? vb : u[k], Mirror(lengthsToo ? vc : w[k]), cfg, false)))
                 << where << " base bar " << k + 1;
-            largest = std::max(largest, DegreesBetween(u[k], named ? Mirrored(w[k]) : w[k]));
+            largest = std::max(largest, AngleDegrees(u[k], named ? Mirror(w[k]) : w[k]));
         }
         EXPECT_EQ(line.how, line.mirrored.empty() ? "identical" : "mirrored") << where;
         seen.mirrored += !line.mirrored.empty();
@@ -336,7 +316,7 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
         ASSERT_TRUE(spread) << where;
         const M r = FitRotation(u, w, *spread);
         for (std::size_t k = 0; k < n; ++k)
-            largest = std::max(largest, DegreesBetween(Apply(r, u[k]), w[k]));
+            largest = std::max(largest, AngleDegrees(Apply(r, u[k]), w[k]));
         // No pairing leaves a smaller largest angle after its own best rotation.
         double best = 1e9;
         EveryPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
@@ -346,15 +326,15 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
                     return;
                 // A turn keeps the angles between bars.
                 for (std::size_t j = 0; j < k; ++j)
-                    if (std::fabs(DegreesBetween(u[j], u[k]) -
-                                  DegreesBetween(dirs[p[j]], dirs[p[k]])) > 2 * cfg.degrees + 0.01)
+                    if (std::fabs(AngleDegrees(u[j], u[k]) - AngleDegrees(dirs[p[j]], dirs[p[k]])) >
+                        2 * cfg.degrees + 0.01)
                         return;
                 to.push_back(dirs[p[k]]);
             }
             const M fit = FitRotation(u, to, *spread);
             double worst = 0;
             for (std::size_t k = 0; k < n; ++k)
-                worst = std::max(worst, DegreesBetween(Apply(fit, u[k]), to[k]));
+                worst = std::max(worst, AngleDegrees(Apply(fit, u[k]), to[k]));
             best = std::min(best, worst);
         });
         EXPECT_LE(largest, best + 0.001) << where;
@@ -365,7 +345,7 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
             EXPECT_EQ(line.how, "rotated") << where;
             EXPECT_NEAR(line.angle, angle, 0.002) << where;
             // Either way round describes a half turn.
-            const double sign = angle > 179.999 && DotOf(axis, line.axis) < 0 ? -1 : 1;
+            const double sign = angle > 179.999 && Dot(axis, line.axis) < 0 ? -1 : 1;
             for (int i = 0; i < 3; ++i)
                 EXPECT_NEAR(line.axis[i], sign * axis[i], 0.002) << where;
             ++seen.rotated;
@@ -375,8 +355,8 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
         // The smallest sum of angles of any pairing whose lengths agree.
         double sum = 0;
         for (std::size_t k = 0; k < n; ++k) {
-            sum += DegreesBetween(u[k], w[k]);
-            largest = std::max(largest, DegreesBetween(u[k], w[k]));
+            sum += AngleDegrees(u[k], w[k]);
+            largest = std::max(largest, AngleDegrees(u[k], w[k]));
         }
         double least = 1e9;
         EveryPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
@@ -384,7 +364,7 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
             for (std::size_t k = 0; k < n && s < least; ++k) {
                 if (!LengthsAgree(lu[k], lens[p[k]], cfg))
                     return;
-                s += DegreesBetween(u[k], dirs[p[k]]);
+                s += AngleDegrees(u[k], dirs[p[k]]);
             }
             least = std::min(least, s);
         });
