@@ -6,6 +6,7 @@
 #include "connection/base_node.h"
 #include "exchange/connection_file.h"
 #include "exchange/connection_input.h"
+#include "exchange/csv.h"
 #include "exchange/joint_types_csv.h"
 #include "exchange/result_file.h"
 #include "projection/projection.h"
@@ -142,12 +143,12 @@ TEST(JointTypesCsv, RowsByTypeThenNameAndTheFileWholeOrNot) {
 
     test::TempDir dir;
     const std::string name = (dir.path() / "tipi.csv").string();
-    const UserMessage ok = WriteJointTypesCsv(name, text);
+    const UserMessage ok = WriteCsv(name, text);
     EXPECT_EQ(ok.text, "File " + name + " salvato.");
     EXPECT_EQ(ok.title, "SALVA FILE CSV");
     EXPECT_EQ(test::ReadBytes(dir.path() / "tipi.csv"), text);
     const std::string missing = (dir.path() / "no" / "tipi.csv").string();
-    EXPECT_EQ(WriteJointTypesCsv(missing, text).title, "ERRORE");
+    EXPECT_EQ(WriteCsv(missing, text).title, "ERRORE");
     EXPECT_FALSE(std::filesystem::exists(missing));
 }
 

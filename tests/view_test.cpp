@@ -278,6 +278,23 @@ TEST(ViewRender, OrderAndWidthsOfEveryHighlight) {
     ExportDrawing(filled, screen, withFills);
     EXPECT_EQ(withFills.arcs.size(), plain.arcs.size());
     EXPECT_EQ(withFills.coordX, plain.coordX);
+
+    // A joint looked at in the review, over the nodes: its bar at twice the selected width in
+    // its own colour, then a ring about its node; on the screen only.
+    const LookedAtJoint joint{1, {{1, PackRgb(128, 0, 255)}}};
+    DrawInput looked = s.Input();
+    looked.highlights.lookedAt = &joint;
+    RecordingCanvas over;
+    DrawStructure(looked, over);
+    const std::string sequence = over.Sequence();
+    ASSERT_NE(sequence.find("AWLWAR"), std::string::npos) << sequence;
+    EXPECT_EQ(over.Of(CanvasCall::Width).end()[-3].width, 8);
+    EXPECT_EQ(over.Of(CanvasCall::Line).back().colour, PackRgb(128, 0, 255));
+    EXPECT_GT(over.Of(CanvasCall::Arc).back().radius, over.Of(CanvasCall::Arc).front().radius);
+    DrawBuffers withJoint;
+    ExportDrawing(looked, screen, withJoint);
+    EXPECT_EQ(withJoint.lines.size(), plain.lines.size());
+    EXPECT_EQ(withJoint.arcs.size(), plain.arcs.size());
 }
 
 TEST(ViewRender, DrawingMatchesLinearLookupsOnRandomConnections) {

@@ -6,6 +6,7 @@
 #include "app/program.h"
 #include "connection/analogy.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,15 +20,23 @@ void RedrawView(Program &);
 void DrawStructureNow(Program &);
 // Zooms onto the live, shown node of that name and rings it until the next command.
 void ZoomToNode(Program &, const std::string &name);
+// Moves the view so that the node (an index) lies at the centre of the window, at the same
+// scale, and draws it.
+void CentreViewOnNode(Program &, int node);
 // Start-up steps of the view: the stroke font, then projection, intervals, fit and first drawing.
 void LoadFont(Program &);
 void BuildFirstView(Program &);
 // window_commands.cpp
 void UpdateBaseNodeCommands(Program &);
+// The commands that need more in the list than the base node; after every event.
+void UpdateListCommands(Program &);
 void LayOutForm(Program &);
 // selection_commands.cpp
 // A node with more bars than a connection can have, met while looking for analogous nodes.
 void WarnTooManyBars(Program &);
+// After nodes came into the list or left it, by name, pick or window: the drawing, the list
+// text and the commands that follow the base node.
+void ShowListChange(Program &);
 // Every shown node with one of these names offered in turn, as picks of each would.
 void OfferNodesByName(Program &, const std::vector<int> &names);
 // The answer line closed and no way of selecting: the start of every selection command.
@@ -60,6 +69,10 @@ void ReadToleranceBoxes(Program &);
 // A pick in "Evidenzia tipo aste": the bars of the analogous node named name in their types'
 // colours.
 void HighlightNodeBarTypes(Program &, int name);
+// csv_export.cpp
+// Asks where to save a table as CSV (in the job folder, ".csv" added to a name without an
+// extension), then writes the text made only then, and tells how that went.
+void ExportCsv(Program &, const std::function<std::string()> &text);
 // file_commands.cpp
 // Start-up step: "VornaNIn.txt"; may end the program (too many bar types).
 void LoadConnectionInput(Program &);

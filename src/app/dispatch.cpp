@@ -2,6 +2,8 @@
 // busy pointer from its start to its end.
 #include "app/dispatch.h"
 
+#include "app/command_steps.h"
+
 namespace vorna {
 
 bool Dispatch(Program &p, const std::function<void(Program &)> &action, BusyWhile busyWhile) {
@@ -14,6 +16,7 @@ bool Dispatch(Program &p, const std::function<void(Program &)> &action, BusyWhil
         p.navigation.markedNode = -1;
     }
     action(p);
+    UpdateListCommands(p);
     return true;
 }
 

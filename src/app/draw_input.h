@@ -20,14 +20,10 @@ inline Highlights HighlightsOf(const ConnectionState &connection) {
 }
 
 inline DrawInput DrawInputOf(const Program &p) {
-    return DrawInput{p.model,
-                     p.view,
-                     p.displayOptions,
-                     p.internalOptions,
-                     HighlightsOf(p.connection),
-                     p.font,
-                     p.form.VisAssi.checked,
-                     p.jointTypeFills};
+    Highlights highlights = HighlightsOf(p.connection);
+    highlights.lookedAt = &p.lookedAt;
+    return DrawInput{p.model,    p.view, p.displayOptions,       p.internalOptions,
+                     highlights, p.font, p.form.VisAssi.checked, p.jointTypeFills};
 }
 
 inline void PaintBaseNodeSchema(Canvas &canvas, const BaseNodeSchema &schema) {

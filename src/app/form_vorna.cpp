@@ -4,6 +4,7 @@
 
 #include "app/commands.h"
 #include "app/joint_types_dialog.h"
+#include "app/review_dialog.h"
 #include "app/why_not_dialog.h"
 
 namespace vorna {

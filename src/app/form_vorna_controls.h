@@ -153,6 +153,7 @@ VORNA_MENU_ITEM(Inverti, Operazioni, "In&verti selezione nodi", "", Inverti_Clic
 VORNA_MENU_ITEM(EvidTipo, Operazioni, "&Evidenzia tipo aste", "", EvidTipo_Click)
 VORNA_MENU_ITEM(TipiNodo, Operazioni, "Tipi di no&do...", "", TipiNodo_Click)
 VORNA_MENU_ITEM(PercheNo, Operazioni, "&Perch\xE9 no?...", "", PercheNo_Click)
+VORNA_MENU_ITEM(Revisione, Operazioni, "Revisione &nodi analoghi...", "Ctrl+L", Revisione_Click, .enabled = false)
 VORNA_MENU_ITEM(Interrompi, Operazioni, "&Interrompi", "", Interrompi_Click)
 VORNA_MENU(Selezioni, "&Selezioni")
 VORNA_MENU_ITEM(Finestra, Selezioni, "&Finestra", "", Finestra_Click)

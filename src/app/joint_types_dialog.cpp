@@ -73,25 +73,15 @@ void JointTypesDialog::ColourTypes() {
 }
 
 void JointTypesDialog::ExportCsv() {
-    SaveDialogRequest request;
-    request.initialFolder = p_.folders.jobFolder;
-    request.filter = "File CSV (*.csv)|*.csv";
-    request.title = "FILE CSV DA GENERARE";
-    const std::optional<SaveDialogResult> file = p_.ui.SaveFile(request);
-    if (!file || file->fileName.empty())
-        return;
-    // A name typed without an extension gets the type's, as a save dialog adds it.
-    std::string name = file->fileName;
-    const std::size_t base = name.find_last_of("\\/"), dot = name.rfind('.');
-    if (dot == std::string::npos || (base != std::string::npos && dot < base))
-        name += ".csv";
-    ProjectedBarIndex &index = p_.connection.barIndex;
-    KeepBarIndexCurrent(index, p_.model, p_.view);
-    const std::string text =
-        JointTypesCsvText(p_.model, catalogue_, [&](int node, std::vector<std::int16_t> &bars) {
-            BarsAtProjectedPoint(index, p_.model, p_.view, p_.model.nodes[node].pointIndex, bars);
-        });
-    ShowMessage(p_, WriteJointTypesCsv(name, text));
+    vorna::ExportCsv(p_, [&] {
+        ProjectedBarIndex &index = p_.connection.barIndex;
+        KeepBarIndexCurrent(index, p_.model, p_.view);
+        return JointTypesCsvText(p_.model, catalogue_,
+                                 [&](int node, std::vector<std::int16_t> &bars) {
+                                     BarsAtProjectedPoint(index, p_.model, p_.view,
+                                                          p_.model.nodes[node].pointIndex, bars);
+                                 });
+    });
 }
 
 void JointTypesDialog::ForEachControl(const std::function<void(std::string_view, Control &)> &fn) {

@@ -14,6 +14,7 @@
 #include "projection/view_state.h"
 #include "selection/command_state.h"
 #include "view/draw_buffers.h"
+#include "view/render.h"
 
 #include <memory>
 #include <string>
@@ -52,6 +53,8 @@ struct Program {
     FormVorna form = InitialForm();
     // Each node's fill by joint type while "Colora i tipi nel disegno" is checked; else empty.
     std::vector<std::uint32_t> jointTypeFills;
+    // The joint the review of the list looks at while it is open.
+    LookedAtJoint lookedAt;
 
     Toolkit toolkit;
 

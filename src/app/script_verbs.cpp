@@ -12,6 +12,7 @@
 #include "app/commands.h"
 #include "app/dump.h"
 #include "app/program.h"
+#include "app/review.h"
 #include "app/why_not.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -77,6 +78,8 @@ bool Dump(Session &s, const ScriptArgs &a) {
         return false;
     if (what == "nearmisses")
         DumpNearMisses(s.p, s.out);
+    else if (what == "review")
+        DumpReview(s.p, s.out);
     else if (what == "nodecolours")
         DumpNodeColours(s.p, s.out);
     else if (what == "folders")
@@ -403,7 +406,8 @@ const std::vector<Verb<Session>> &WindowVerbs() {
         {"dump",
          "`dump WHAT`",
          "`folders`, `options`, `model`, `controls`, `view`, `connection`, `buffers`, "
-         "`whynot NAME`, `nearmisses` or `nodecolours`: the state as text (formats below)",
+         "`whynot NAME`, `nearmisses`, `review` or `nodecolours`: the state as text (formats "
+         "below)",
          {kWord, ArgRule{ArgKind::Word, true}},
          Dump},
         {"set",
@@ -546,21 +550,23 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
         {"set",
          "`set CONTROL TEXT`",
          "the text of one of the dialog's text boxes; `set ListaTipi K` selects row K of the "
-         "types, `set ListaQuasi K` near miss K (the view is centred on it), `set Schede K` tab K",
+         "types, `set ListaQuasi K` near miss K (the view is centred on it), `set Schede K` tab "
+         "K, `set Righe K` row K of the review (the view is centred on its node)",
          {kWord, kOptionalText},
          [](DialogLine &d, const ScriptArgs &a) {
              Control *c = d.dialog.Find(a.text[0]);
              if (!SetText(d.session.out, c, a))
                  return false;
              // Choosing a row of a list is a click on it, as in the window.
-             if (c->enabled && !c->items.empty())
+             if (c->enabled && (!c->items.empty() || d.dialog.Table(a.text[0])))
                  d.dialog.Click(a.text[0]);
              return true;
          }},
         {"check",
          "`check CONTROL 0\\|1`",
          "a check box: a user's click (with its release) when the state differs, nothing "
-         "otherwise",
+         "otherwise; `check Tenuto(K) 0` takes the node of the review's row K out of the list, "
+         "`1` offers it again",
          {kWord, kWord},
          DialogCheck},
         {"option",
@@ -572,7 +578,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
          "`button NAME`",
          "presses a button: `Salva`, `Chiudi`, `Command1`..`Command4` (FormOpt), `Command1` "
          "(FormOptInt), `Usa`, `EsportaCSV` (FormTipiNodo), `Chiudi` (FormPercheNo, "
-         "FormComandi, FormInformazioni)",
+         "FormComandi, FormInformazioni), `EsportaCSV`, `Chiudi` (FormRevisione)",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) { return DialogClick(d, a.text[0], "button "); }},
         {"click",
@@ -593,15 +599,16 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
              return true;
          }},
         {"dump",
-         "`dump controls` / `dump nodetypes` / `dump rows`",
+         "`dump controls` / `dump nodetypes` / `dump rows` / `dump review`",
          "the dialog's controls in the format of the window's, then `FormOpt.caption=` (or "
          "`FormOptInt.caption=`, `FormTipiNodo.caption=`, `FormPercheNo.caption=`, "
-         "`FormComandi.caption=`, `FormInformazioni.caption=`); in \"Tipi di nodo\", one line "
-         "per type: `type K nodes=C bars=B head=NAME members=RANGE`, and within tolerances "
-         "` dev=DEG/PCT`, the largest deviation of a member from the head; in `FormPercheNo`, "
-         "the rows of its two lists: `Confronto(K)=CELLS`, `ListaQuasi(R)=CELLS`, and in "
-         "`FormComandi` the gestures and keys: `ListaComandi(R)=GESTURE\\|EFFECT`, the cells "
-         "separated by `\\|`",
+         "`FormComandi.caption=`, `FormInformazioni.caption=`, `FormRevisione.caption=`); in "
+         "\"Tipi di nodo\", one line per type: `type K nodes=C bars=B head=NAME "
+         "members=RANGE`, and within tolerances ` dev=DEG/PCT`, the largest deviation of a "
+         "member from the head; in `FormPercheNo`, the rows of its two lists: "
+         "`Confronto(K)=CELLS`, `ListaQuasi(R)=CELLS`, and in `FormComandi` the gestures and "
+         "keys: `ListaComandi(R)=GESTURE\\|EFFECT`, the cells separated by `\\|`; in "
+         "`FormRevisione`, one `review` line per row, `kept=0` for a row unticked",
          {kWord},
          [](DialogLine &d, const ScriptArgs &a) {
              if (a.text[0] != "controls")
@@ -611,7 +618,7 @@ const std::vector<Verb<DialogLine>> &DialogVerbs() {
          }},
         {"savefile",
          "`savefile PATH INDEX` / `savefile cancel`",
-         "as in the window: for `EsportaCSV` (FormTipiNodo), INDEX 1",
+         "as in the window: for `EsportaCSV` (FormTipiNodo, FormRevisione), INDEX 1",
          {kText},
          [](DialogLine &d, const ScriptArgs &a) { return SaveFileChoice(d.session, a); }},
         {"answer",
@@ -657,7 +664,8 @@ std::string ScriptLanguageTables() {
     out +=
         "| `NAME` | a menu item by its name, e.g. `Ottimizza`, `NodoBase`, `Rosso`, `ScriColl` |\n";
     out += "\nWhile a dialog (`FormOpt`, `FormOptInt`, `FormTipiNodo`, `FormPercheNo`, "
-           "`FormComandi`, `FormInformazioni`) is open, the lines act on it until it closes:\n\n";
+           "`FormComandi`, `FormInformazioni`, `FormRevisione`) is open, the lines act on it "
+           "until it closes:\n\n";
     AppendTable(out, DialogVerbs());
     return out;
 }

@@ -51,10 +51,12 @@ void ShowDirectSelection(Program &p) {
 void ShowSelection(Program &p, bool baseBarsExamined, bool sidePanel) {
     if (baseBarsExamined)
         AfterBaseBarsRemoved(p);
+    if (sidePanel) {
+        ShowListChange(p);
+        return;
+    }
     DrawStructureNow(p);
     RefreshListText(p);
-    if (sidePanel)
-        UpdateBaseNodeCommands(p);
 }
 
 // The values of a selection string, or nothing after telling the user it holds too many.
@@ -108,6 +110,12 @@ void OpenAnswerLine(Program &p, SelectionMode mode, const char *question) {
 }
 
 } // namespace
+
+void ShowListChange(Program &p) {
+    DrawStructureNow(p);
+    RefreshListText(p);
+    UpdateBaseNodeCommands(p);
+}
 
 void WarnTooManyBars(Program &p) {
     p.ui.MessageBox(MessageText(Msg::TooManyBaseBars), "Problema", MsgIcon::Exclamation,

@@ -183,6 +183,16 @@ void ZoomToNode(Program &p, const std::string &name) {
     p.navigation.markedNode = found;
 }
 
+void CentreViewOnNode(Program &p, int node) {
+    const ViewWindow &w = std::fabs(p.view.zoomWindow.xMax - p.view.zoomWindow.xMin) >= kTolerance
+                              ? p.view.zoomWindow
+                              : p.view.shownWindow;
+    const int point = p.model.nodes[node].pointIndex;
+    MoveView(p.view, (w.xMax + w.xMin) / 2 - ProjectedXOf(p.view, point),
+             (w.yMax + w.yMin) / 2 - ProjectedYOf(p.view, point));
+    RedrawView(p);
+}
+
 void VisAssi_Click(Program &p) {
     p.form.VisAssi.checked = !p.form.VisAssi.checked;
     RedrawView(p);

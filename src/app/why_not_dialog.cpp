@@ -7,7 +7,6 @@
 #include "app/dump.h"
 #include "app/why_not.h"
 #include "platform/number_text.h"
-#include "projection/navigation.h"
 
 #include <cmath>
 
@@ -126,17 +125,6 @@ std::string DetailsText(const AnalogyExplanation &e) {
     return MethodDetailsText(e);
 }
 
-// The view moved so that the node lies at the centre of the window, at the same scale.
-void CentreViewOn(Program &p, int node) {
-    const ViewWindow &w = std::fabs(p.view.zoomWindow.xMax - p.view.zoomWindow.xMin) >= kTolerance
-                              ? p.view.zoomWindow
-                              : p.view.shownWindow;
-    const int point = p.model.nodes[node].pointIndex;
-    MoveView(p.view, (w.xMax + w.xMin) / 2 - ProjectedXOf(p.view, point),
-             (w.yMax + w.yMin) / 2 - ProjectedYOf(p.view, point));
-    RedrawView(p);
-}
-
 } // namespace
 
 WhyNotDialog::WhyNotDialog(Program &program, int node, const AnalogyExplanation &e,
@@ -172,7 +160,7 @@ void WhyNotDialog::Click(std::string_view control) {
         return;
     const std::optional<double> row = StrictNumber(form_.ListaQuasi.text);
     if (row && *row >= 1 && *row <= static_cast<double>(misses_.size()) && std::floor(*row) == *row)
-        CentreViewOn(p_, misses_[static_cast<std::size_t>(*row) - 1].node);
+        CentreViewOnNode(p_, misses_[static_cast<std::size_t>(*row) - 1].node);
 }
 
 bool WhyNotDialog::Dump(std::string_view what, std::ostream &out) {

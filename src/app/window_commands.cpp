@@ -30,6 +30,13 @@ void UpdateBaseNodeCommands(Program &p) {
         c->enabled = chosen;
 }
 
+void UpdateListCommands(Program &p) {
+    const ConnectionState &s = p.connection;
+    p.form.Revisione.enabled =
+        std::any_of(s.analogousNodes.begin(), s.analogousNodes.end(),
+                    [&](const AnalogousNode &r) { return r.node != s.baseNode; });
+}
+
 void BarraIcone_Click(Program &p) {
     FormVorna &f = p.form;
     f.Toolbar1.visible = !f.Toolbar1.visible;

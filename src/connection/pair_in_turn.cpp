@@ -39,7 +39,9 @@ Choice FirstAgreeing(const ComparedJoints &j, int k, bool mirrors, const Free &f
 }
 
 // Within tolerances: of the bars whose direction (or mirror) and length agree, the one at the
-// smallest angle, the first on a tie; a mirror counts when its angle is the smaller.
+// smallest angle, the first on a tie; a mirror counts when its angle is the smaller. The bar is
+// taken mirrored only when its own direction does not agree: a bar that its mirror leaves as it
+// is (a column) is no mirror image, whatever the rounding of the coordinates.
 Choice NearestAgreeing(const ComparedJoints &j, int k, bool mirrors, const Free &free) {
     Choice best;
     const std::optional<Vec3> &u = j.BaseDirection(k);
@@ -55,11 +57,11 @@ Choice NearestAgreeing(const ComparedJoints &j, int k, bool mirrors, const Free 
         const std::optional<double> direct = j.rule.Within(*u, *w);
         const std::optional<double> mirror =
             mirrors ? j.rule.Within(*u, Mirror(*w)) : std::optional<double>{};
-        const bool mirrored = mirror && (!direct || *mirror < *direct);
-        const std::optional<double> angle = mirrored ? mirror : direct;
-        if (angle && *angle < least) {
-            least = *angle;
-            best = {c, angle, mirrored};
+        const std::optional<double> nearer =
+            mirror && (!direct || *mirror < *direct) ? mirror : direct;
+        if (nearer && *nearer < least) {
+            least = *nearer;
+            best = {c, direct ? direct : mirror, !direct};
         }
     }
     return best;

@@ -1,7 +1,7 @@
 // The catalogue of joint types as a CSV file for a spreadsheet in an Italian locale.
 #include "exchange/joint_types_csv.h"
 
-#include "platform/native_path.h"
+#include "exchange/csv.h"
 #include "platform/number_text.h"
 #include "platform/text_file.h"
 
@@ -10,21 +10,16 @@
 namespace vorna {
 namespace {
 
-std::string WithComma(std::string text) {
-    std::replace(text.begin(), text.end(), '.', ',');
-    return text;
-}
-
 // A coordinate as the shortest text that reads back, with a decimal comma.
 std::string Decimal(double value) {
-    return WithComma(NumberText(value));
+    return DecimalComma(NumberText(value));
 }
 
 } // namespace
 
 std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalogue &catalogue,
                               const BarsOfNode &barsOf) {
-    std::string out = "\xEF\xBB\xBF";
+    std::string out(kCsvStart);
     const bool deviations = catalogue.withinTolerances;
     AppendLine(out, std::string("Tipo;Nodi del tipo;Capo;Nodo;X;Y;Z;Aste") +
                         (deviations ? ";Scarto angoli (\xC2\xB0);Scarto lunghezze (%)" : ""));
@@ -51,19 +46,12 @@ std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalo
                 first = false;
             }
             if (deviations)
-                row += ';' + WithComma(FixedText(type.largestAngle, 3)) + ';' +
-                       WithComma(FixedText(type.largestLength, 3));
+                row += ';' + DecimalComma(FixedText(type.largestAngle, 3)) + ';' +
+                       DecimalComma(FixedText(type.largestLength, 3));
             AppendLine(out, row);
         }
     }
     return out;
-}
-
-UserMessage WriteJointTypesCsv(std::string_view fileName, std::string_view text) {
-    const std::string name(fileName);
-    if (!WriteFileAtomic(NativePath(fileName), text))
-        return {"Errore durante la scrittura sul file" + name, "ERRORE", MsgIcon::Critical};
-    return {"File " + name + " salvato.", "SALVA FILE CSV", MsgIcon::Information};
 }
 
 } // namespace vorna

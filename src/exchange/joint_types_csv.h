@@ -3,7 +3,6 @@
 #pragma once
 
 #include "connection/joint_types.h"
-#include "platform/user_message.h"
 
 #include <cstdint>
 #include <functional>
@@ -23,8 +22,5 @@ using BarsOfNode = std::function<void(int node, std::vector<std::int16_t> &bars)
 // deviation of any member of the type from its head, with three decimals.
 std::string JointTypesCsvText(const StructureModel &model, const JointTypeCatalogue &catalogue,
                               const BarsOfNode &barsOf);
-
-// Writes the text whole or not at all; the message says which.
-UserMessage WriteJointTypesCsv(std::string_view fileName, std::string_view text);
 
 } // namespace vorna

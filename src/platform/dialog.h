@@ -8,8 +8,30 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vorna {
+
+// A table with more rows than a control each could bear (thousands): the front end shows it
+// through a view that asks only for the cells it draws. Rows are the table's own, 0-based,
+// whatever order they are shown in.
+class DialogTable {
+public:
+    virtual ~DialogTable() = default;
+    virtual int Rows() const = 0;
+    // Titles and cells are UTF-8: a cell may hold what Windows-1252 has not, such as an arrow.
+    virtual std::vector<std::string> Titles() const = 0;
+    virtual std::string Cell(int row, int column) const = 0;
+    // A column of figures, which line up on the right.
+    virtual bool Figures(int /*column*/) const { return false; }
+    // The name of the row's check box in the first column ("Tenuto(3)"), which the dialog's
+    // Find knows; empty when the rows have none.
+    virtual std::string CheckName(int /*row*/) const { return {}; }
+    // The rows in the order shown, sorted by a column (stably, so equal rows keep their order);
+    // column -1 is the table's own order.
+    virtual void SortBy(int column, bool descending) = 0;
+    virtual const std::vector<int> &Order() const = 0;
+};
 
 class Dialog {
 public:
@@ -34,6 +56,9 @@ public:
     // A text dump of what the dialog shows beyond its controls; false when it has none of that
     // name.
     virtual bool Dump(std::string_view /*what*/, std::ostream & /*out*/) { return false; }
+    // The long table shown in the control of that name (whose text is then the 1-based table row
+    // selected); nothing for other names.
+    virtual DialogTable *Table(std::string_view /*control*/) { return nullptr; }
 
     Control *Find(std::string_view name) {
         Control *found = nullptr;
@@ -41,10 +66,15 @@ public:
             if (!found && n == name)
                 found = &c;
         });
-        return found;
+        return found ? found : RowControl(name);
     }
 
     bool closed = false;
+
+protected:
+    // A control that ForEachControl leaves out, made up when asked for by name: the check box of
+    // a row of a DialogTable. Nothing for a name that is none.
+    virtual Control *RowControl(std::string_view /*name*/) { return nullptr; }
 };
 
 } // namespace vorna

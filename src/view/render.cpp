@@ -220,6 +220,29 @@ void DrawNodes(const DrawInput &in, Painter &p) {
     }
 }
 
+// Over the picture: the joint's bars at twice the selected width, then a ring a few pixels
+// around its node's circle in the colour the window rings a found node with.
+void DrawLookedAt(const DrawInput &in, Painter &p) {
+    const LookedAtJoint *joint = in.highlights.lookedAt;
+    const StructureModel &model = in.model;
+    if (joint == nullptr || joint->node < 0 || joint->node >= model.nodeCount)
+        return;
+    p.Width(2 * PixelWidth(in.display(opt::kWidthSelected)));
+    for (const ColouredBar &bar : joint->bars) {
+        if (bar.bar < 0 || bar.bar >= model.barCount)
+            continue;
+        const Bar &b = model.bars[bar.bar];
+        DrawLine(p.Target(), ProjectedXOf(in.view, b.pointI), ProjectedYOf(in.view, b.pointI),
+                 ProjectedXOf(in.view, b.pointJ), ProjectedYOf(in.view, b.pointJ), Pen{bar.colour});
+    }
+    constexpr Rgb kRing = PackRgb(255, 200, 0);
+    constexpr double kRingGap = 8; // pixels
+    const int point = model.nodes[joint->node].pointIndex;
+    p.Width(2);
+    DrawArc(p.Target(), ProjectedXOf(in.view, point), ProjectedYOf(in.view, point),
+            2 * PixelsToUnits(p.Target(), in.display(opt::kNodeRadius) + kRingGap), Pen{kRing});
+}
+
 struct LabelStyle {
     double width, height, distance;
     int colour;
@@ -336,6 +359,7 @@ void Traverse(const DrawInput &in, Painter &p) {
     DrawShells(in, p);
     DrawBars(in, p);
     DrawNodes(in, p);
+    DrawLookedAt(in, p);
     p.Target().Refresh();
     p.Width(1);
     const LabelStyle style{in.display(opt::kTextWidth), in.display(opt::kTextHeight),
@@ -358,9 +382,10 @@ void DrawStructure(const DrawInput &in, Canvas &surface) {
 void ExportDrawing(const DrawInput &in, const Canvas &surface, DrawBuffers &buffers) {
     BufferCanvas canvas(surface, buffers, true);
     Painter painter(canvas);
-    // The drawing keeps every element's own colour code: no joint-type fills.
+    // The drawing keeps every element's own colour code: no joint-type fills, no joint looked at.
     DrawInput own = in;
     own.nodeFills = {};
+    own.highlights.lookedAt = nullptr;
     Traverse(own, painter);
 }
 

@@ -12,14 +12,30 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace vorna {
 
-// What the connection highlights: the base node, its bars, and the listed nodes and bars.
+// A bar drawn in a colour of its own.
+struct ColouredBar {
+    int bar = 0;
+    Rgb colour = 0;
+};
+
+// The joint being looked at in the review of the list: its node ringed and its bars drawn
+// thick, each in its colour, over the picture whatever the filters hide. The screen only.
+struct LookedAtJoint {
+    int node = -1;
+    std::vector<ColouredBar> bars;
+};
+
+// What the connection highlights: the base node, its bars, the listed nodes and bars, and the
+// joint looked at (none when its node is -1).
 struct Highlights {
     int baseNode = -1;
     std::span<const std::int16_t> baseBars;
     ListedElements listed;
+    const LookedAtJoint *lookedAt = nullptr;
 };
 
 struct DrawInput {

@@ -25,6 +25,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -476,6 +477,79 @@ TEST(WindowUse, WhyNotMarksTheFailingCellAndANearMissCentresTheView) {
     EXPECT_EQ(esito->toolTip(), QString::fromUtf8("Nodo 17 non analogo: asta base 3, direzione "
                                                   "diversa di 90.0\u00b0"));
     EXPECT_TRUE(w.InClient(w.Widget("FrameCoord")).contains(w.InClient(esito)));
+}
+
+// "Revisione nodi analoghi" at its smallest and at every screen scale: titles, cells and buttons
+// whole; the furthest node looked at first; a header click sorts; Space on a row's check box
+// takes its node out of the list; the ring goes with the dialog.
+TEST(WindowUse, TheReviewTableIsWholeAndActsOnTheList) {
+    MainWindow *parent = nullptr;
+    QtUi ui(parent);
+    DemoWindow w(ui, {1000, 700});
+    QTest::mouseClick(w.Widget("OpzMetodo(2)"), Qt::LeftButton);
+    w.ChooseBaseNode(13);
+    w.Item("&Aggiungi nodi")->trigger();
+    w.window.Run([](Program &p) { ColourCommand(p, kAllCodes); });
+    ASSERT_EQ(w.program->form.StringaSel.caption, "13,24-25,36");
+    std::vector<QString> looked, sorted;
+    int lookedAtNode = -2;
+    QTimer::singleShot(0, [&] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto *table = dialog->findChild<QTableView *>();
+        ASSERT_NE(table, nullptr);
+        QAbstractItemModel *model = table->model();
+        auto cell = [&](int row, int column) {
+            return model->index(row, column).data().toString();
+        };
+        looked.push_back(cell(table->currentIndex().row(), 1));
+        lookedAtNode = w.program->lookedAt.node;
+        dialog->resize(1, 1);
+        QApplication::processEvents();
+        QHeaderView *header = table->horizontalHeader();
+        const QFontMetrics titles(header->font()), cells(table->font());
+        for (int c = 0; c < model->columnCount(); ++c) {
+            const QString title = model->headerData(c, Qt::Horizontal).toString();
+            EXPECT_GE(header->sectionSize(c), titles.horizontalAdvance(title))
+                << title.toStdString();
+            for (int r = 0; r < model->rowCount(); ++r)
+                EXPECT_GE(header->sectionSize(c), cells.horizontalAdvance(cell(r, c)))
+                    << cell(r, c).toStdString();
+        }
+        EXPECT_GE(table->viewport()->height(), 4 * table->rowHeight(0)) << "rows out of sight";
+        for (QPushButton *button : dialog->findChildren<QPushButton *>())
+            EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+        // A click on "Nodo" sorts by the node, then again the other way.
+        for (int click = 0; click < 2; ++click) {
+            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                              QPoint(header->sectionViewportPosition(1) + 4, header->height() / 2));
+            QString order;
+            for (int r = 0; r < model->rowCount(); ++r)
+                order += cell(r, 1) + " ";
+            sorted.push_back(order);
+        }
+        looked.push_back(cell(table->currentIndex().row(), 1));
+        // Node 25's check box, by the keyboard.
+        for (int r = 0; r < model->rowCount(); ++r)
+            if (cell(r, 1) == "25")
+                table->setCurrentIndex(model->index(r, 0));
+        QTest::keyClick(table, Qt::Key_Space);
+        EXPECT_EQ(w.program->form.StringaSel.caption, "13,24,36");
+        for (int r = 0; r < model->rowCount(); ++r)
+            if (cell(r, 1) == "13") {
+                EXPECT_FALSE(model->flags(model->index(r, 0)) & Qt::ItemIsUserCheckable);
+            }
+        for (QPushButton *button : dialog->findChildren<QPushButton *>())
+            if (button->text() == "Chiudi")
+                QTest::mouseClick(button, Qt::LeftButton);
+    });
+    w.Item("Revisione &nodi analoghi...")->trigger();
+    EXPECT_EQ(looked, (std::vector<QString>{"24", "24"}));
+    EXPECT_EQ(sorted, (std::vector<QString>{"13 24 25 36 ", "36 25 24 13 "}));
+    ASSERT_GE(lookedAtNode, 0);
+    EXPECT_EQ(w.program->model.nodes[lookedAtNode].name, 24);
+    EXPECT_EQ(w.program->lookedAt.node, -1);
+    EXPECT_EQ(w.program->form.StringaSel.caption, "13,24,36");
 }
 
 // Run once more with QT_SCALE_FACTOR=2 (a test of its own): the picture then has twice the

@@ -1,6 +1,7 @@
 // One control of FormVorna bound to its widget, in both directions.
 #include "ui/qt/control_binding.h"
 
+#include "ui/qt/dialog_table_model.h"
 #include "ui/qt/qt_canvas.h"
 #include "ui/qt/qt_ui.h"
 
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QTableView>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -60,6 +62,23 @@ void ApplyRows(QTreeWidget *list, const Control &c) {
         list->setCurrentItem(item);
 }
 
+// A long table's selected row (text, 1-based, of the table's own order), wherever the sorting
+// shows it.
+void ApplyTableRow(QTableView *view, const Control &c) {
+    auto *model = qobject_cast<DialogTableModel *>(view->model());
+    if (!model)
+        return;
+    const int shown = model->ShownRow(ToQString(c.text).toInt() - 1);
+    if (shown < 0 || view->currentIndex().row() == shown)
+        return;
+    const QSignalBlocker quiet(view->selectionModel());
+    const QModelIndex at = model->index(shown, std::max(0, view->currentIndex().column()));
+    view->selectionModel()->setCurrentIndex(at, QItemSelectionModel::ClearAndSelect |
+                                                    QItemSelectionModel::Rows);
+    view->scrollTo(at);
+    view->viewport()->update();
+}
+
 void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
     if (auto *edit = qobject_cast<QLineEdit *>(w)) {
         if (FromQString(edit->text()) != c.text)
@@ -76,6 +95,8 @@ void ApplyText(QWidget *w, const Control &c, BindingStyle style) {
             button->setChecked(c.checked);
     } else if (auto *list = qobject_cast<QTreeWidget *>(w)) {
         ApplyRows(list, c);
+    } else if (auto *table = qobject_cast<QTableView *>(w)) {
+        ApplyTableRow(table, c);
     } else if (auto *group = qobject_cast<QGroupBox *>(w)) {
         group->setTitle(ToQString(c.caption));
     } else if (auto *swatch = qobject_cast<QLabel *>(w); swatch && style == BindingStyle::Swatch) {
@@ -150,8 +171,12 @@ void ReadBinding(Binding &b) {
         b.control->text = list->currentItem()
                               ? std::to_string(list->indexOfTopLevelItem(list->currentItem()) + 1)
                               : "";
-    else if (auto *button = qobject_cast<QAbstractButton *>(b.widget);
-             button && button->isCheckable())
+    else if (auto *table = qobject_cast<QTableView *>(b.widget)) {
+        auto *model = qobject_cast<DialogTableModel *>(table->model());
+        const int row = model ? model->TableRow(table->currentIndex().row()) : -1;
+        b.control->text = row >= 0 ? std::to_string(row + 1) : "";
+    } else if (auto *button = qobject_cast<QAbstractButton *>(b.widget);
+               button && button->isCheckable())
         b.control->checked = button->isChecked();
 }
 

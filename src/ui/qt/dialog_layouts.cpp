@@ -2,6 +2,7 @@
 // its name: adding a dialog is its builder and one row of the table.
 #include "ui/qt/dialog_window.h"
 
+#include "ui/qt/dialog_table_model.h"
 #include "ui/qt/qt_ui.h"
 
 #include <QCheckBox>
@@ -15,8 +16,10 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -76,6 +79,7 @@ DialogWindow::LayoutBuilder DialogWindow::LayoutOf(std::string_view dialog) {
         {"FormOptInt", &DialogWindow::BuildFormOptInt},
         {"FormTipiNodo", &DialogWindow::BuildFormTipiNodo},
         {"FormPercheNo", &DialogWindow::BuildFormPercheNo},
+        {"FormRevisione", &DialogWindow::BuildFormRevisione},
         {"FormComandi", &DialogWindow::BuildFormComandi},
         {"FormInformazioni", &DialogWindow::BuildFormInformazioni},
     };
@@ -303,6 +307,55 @@ void DialogWindow::BuildFormInformazioni() {
     column->addWidget(pane, 1);
     column->addLayout(ClosingRow(Button("Chiudi")));
     FitToScreen({640, 480});
+}
+
+// One row per record over a model that asks only for the rows in sight: thousands open at
+// once. A header click sorts; a check box ticked is a click on the row's check-box control.
+void DialogWindow::BuildFormRevisione() {
+    auto *column = new QVBoxLayout(this);
+    DialogTable *table = dialog_.Table("Righe");
+    table_ = new QTableView(this);
+    if (table) {
+        auto *model = new DialogTableModel(
+            dialog_, *table,
+            [this](const std::string &name, bool on) {
+                if (Control *check = dialog_.Find(name); check && check->enabled) {
+                    check->checked = on;
+                    Raise(name, true);
+                }
+            },
+            table_);
+        table_->setModel(model);
+    }
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setWordWrap(false);
+    table_->verticalHeader()->hide();
+    // Rows of one height need not be measured one by one.
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 6);
+    QHeaderView *header = table_->horizontalHeader();
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    header->setSectionsClickable(true);
+    // The widths from the titles and the first rows, not from every one of thousands; a cell
+    // wider than its column still shows whole in its tooltip.
+    header->setResizeContentsPrecision(200);
+    table_->setSortingEnabled(true);
+    table_->resizeColumnsToContents();
+    table_->setMinimumSize(480, 200);
+    if (table_->selectionModel())
+        connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+                [this] { Raise("Righe"); });
+    column->addWidget(Bind("Righe", table_));
+    QHBoxLayout *buttons = ClosingRow(Button("Chiudi"));
+    buttons->insertWidget(1, Button("EsportaCSV"));
+    column->addLayout(buttons);
+    // Wide enough for every column, as far as the screen allows.
+    FitToScreen({header->length() + 2 * table_->frameWidth() +
+                     table_->verticalScrollBar()->sizeHint().width() +
+                     column->contentsMargins().left() + column->contentsMargins().right(),
+                 460});
 }
 
 } // namespace vorna::qt

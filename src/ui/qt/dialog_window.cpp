@@ -1,6 +1,7 @@
 // The program's dialogs as real modal Qt dialogs bound to their controls by name.
 #include "ui/qt/dialog_window.h"
 
+#include "ui/qt/dialog_table_model.h"
 #include "ui/qt/qt_ui.h"
 
 #include <QCheckBox>
@@ -89,6 +90,9 @@ void DialogWindow::Show() {
     for (Binding &b : bindings_)
         ApplyBinding(b, 15);
     ShowTypeSwatches();
+    // Ticking a row may change its cells, and more than its own.
+    if (auto *model = table_ ? qobject_cast<DialogTableModel *>(table_->model()) : nullptr)
+        model->Refresh();
     if (const Control *tab = tabs_ ? dialog_.Find("Schede") : nullptr) {
         const QSignalBlocker quiet(tabs_);
         tabs_->setCurrentIndex(std::max(0, ToQString(tab->text).toInt() - 1));

@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTreeWidget>
 
 #include <vector>
@@ -45,6 +46,7 @@ private:
     void BuildFormPercheNo();
     void BuildFormComandi();
     void BuildFormInformazioni();
+    void BuildFormRevisione();
     // As large as wanted, but never larger than the screen the dialog opens on.
     void FitToScreen(QSize wanted);
     // The widgets' edits into the controls, the event, then the controls back onto the widgets.
@@ -58,6 +60,7 @@ private:
     SurfaceWidget *schema_ = nullptr; // the dialog's picture, when it has one
     QTabWidget *tabs_ = nullptr;      // FormPercheNo's two pages
     QTreeWidget *typeList_ = nullptr; // FormTipiNodo's types
+    QTableView *table_ = nullptr;     // a long table (FormRevisione's)
     bool escapePressed_ = false;
 };
 
