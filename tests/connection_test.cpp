@@ -617,35 +617,6 @@ void RandomFrame(Frame &f, std::mt19937 &rng) {
     f.Project(a[0], a[1], a[2]);
 }
 
-// A regular lattice where most joints repeat, turned or not: bars along the axes, now and then
-// a diagonal, an unnamed bar or another colour; some points moved by less than the tolerance
-// so that lengths agree in chains (a ~ b, b ~ c, not a ~ c). With noise every coordinate moves by
-// up to that much, as a CAD export's rounding leaves a model.
-void RepeatedJointsFrame(Frame &f, std::mt19937 &rng, double noise = 0) {
-    constexpr int nx = 5, ny = 4, nz = 3;
-    std::uniform_real_distribution<double> rounding(-noise, noise);
-    for (int p = 0; p < nx * ny * nz; ++p) {
-        auto jitter = [&] {
-            return noise > 0            ? rounding(rng)
-                   : Roll(rng, 12) == 0 ? (Roll(rng, 2) * 2 - 1) * 0.00007
-                                        : 0.0;
-        };
-        f.Point(p % nx + jitter(), p / nx % ny + jitter(), p / (nx * ny) + jitter());
-        f.Node(p, p + 1);
-    }
-    auto at = [&](int x, int y, int z) {
-        return x < nx && y < ny && z < nz ? x + nx * (y + ny * z) : -1;
-    };
-    for (int p = 0; p < nx * ny * nz; ++p) {
-        const int x = p % nx, y = p / nx % ny, z = p / (nx * ny);
-        for (int to : {at(x + 1, y, z), at(x, y + 1, z), at(x, y, z + 1),
-                       Roll(rng, 6) ? -1 : at(x + 1, y, z + 1)})
-            if (to >= 0 && Roll(rng, 20) != 0)
-                f.Bar(p, to, Roll(rng, 20) ? f.m->barCount + 1 : 0, Roll(rng, 20) ? 1 : 2);
-    }
-    f.Project(Roll(rng, 4) ? 30 : 0, Roll(rng, 4) ? 30 : 0, 0);
-}
-
 void ExpectSameList(const ConnectionState &s, const std::vector<AnalogousNode> &list,
                     const StructureModel &m) {
     ASSERT_EQ(s.analogousNodes.size(), list.size());

@@ -130,28 +130,6 @@ std::optional<std::vector<int>> Pairing(const Joint &base, const Joint &candidat
 
 } // namespace reference
 
-// A lattice frame of 1-unit bays with beams, columns and some diagonals, every coordinate moved
-// by up to noise: joints that agree within a tolerance, or just not.
-void NoisyLattice(Frame &f, std::mt19937 &rng, double noise) {
-    constexpr int nx = 4, ny = 3, nz = 3;
-    std::uniform_real_distribution<double> move(-noise, noise);
-    for (int p = 0; p < nx * ny * nz; ++p) {
-        f.Point(p % nx + move(rng), p / nx % ny + move(rng), p / (nx * ny) + move(rng));
-        f.Node(p, p + 1);
-    }
-    auto at = [&](int x, int y, int z) {
-        return x < nx && y < ny && z < nz ? x + nx * (y + ny * z) : -1;
-    };
-    for (int p = 0; p < nx * ny * nz; ++p) {
-        const int x = p % nx, y = p / nx % ny, z = p / (nx * ny);
-        for (int to : {at(x + 1, y, z), at(x, y + 1, z), at(x, y, z + 1),
-                       Roll(rng, 5) ? -1 : at(x + 1, y, z + 1)})
-            if (to >= 0 && Roll(rng, 12) != 0)
-                f.Bar(p, to, f.m->barCount + 1, Roll(rng, 10) ? 1 : 2);
-    }
-    f.Project(30, 30, 0);
-}
-
 TEST(TolerantMatch, EveryMethodFollowsTheRulesOnNoisyFrames) {
     std::mt19937 rng(20261125);
     const double degrees[] = {0, 0.5, 1, 3, 10};
@@ -159,7 +137,7 @@ TEST(TolerantMatch, EveryMethodFollowsTheRulesOnNoisyFrames) {
     int accepted = 0, rejected = 0;
     for (int round = 0; round < 24; ++round) {
         Frame f;
-        NoisyLattice(f, rng, 0.004 * (1 + Roll(rng, 8)));
+        RepeatedJointsFrame(f, rng, 0.004 * (1 + Roll(rng, 8)));
         f.ChooseBase(Roll(rng, f.m->nodeCount));
         if (f.s.baseBarCount == 0)
             continue;
