@@ -9,8 +9,8 @@
 namespace vorna {
 
 Agreement::Agreement(const AnalogyParameters &params)
-    : tolerant_(params.Tolerant()), lengths_(params.compareLengths),
-      angle_(std::max(params.angleTolerance, 0.0)), length_(std::max(params.lengthTolerance, 0.0)) {
+    : tolerant_(params.Tolerant()), angle_(std::max(params.angleTolerance, 0.0)),
+      length_(std::max(params.lengthTolerance, 0.0)) {
     chord_ = kAgreementNorm;
     if (angle_ <= 0)
         return; // components compared: no angle to bound

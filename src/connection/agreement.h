@@ -14,7 +14,6 @@ public:
     explicit Agreement(const AnalogyParameters &params);
 
     bool Tolerant() const { return tolerant_; }
-    bool Lengths() const { return lengths_; }
 
     // Two unit vectors have the same direction: within the angle tolerance, or, when it is 0,
     // component by component within 0.0001.
@@ -26,13 +25,11 @@ public:
     bool LengthsAgree(double a, double b) const;
     // The largest distance between two unit vectors whose directions agree.
     double Chord() const { return chord_; }
-    // The tolerances as the engineer typed them: degrees and percent.
+    // The angle tolerance as the engineer typed it, in degrees.
     double AngleTolerance() const { return angle_; }
-    double LengthTolerance() const { return length_; }
 
 private:
     bool tolerant_ = false;
-    bool lengths_ = true;
     double angle_ = 0;  // degrees
     double length_ = 0; // percent
     double chord_ = 0;

@@ -115,27 +115,25 @@ bool SignatureRules::MayMatch(const Signature &head, const Signature &node) cons
         return false; // a base bar with nothing to compare finds no counterpart
     if (!head.finite || !node.finite)
         return true;
-    const AnalogyParameters &params = params_;
-    const SignatureReach &reach = reach_;
-    switch (params.method) {
+    switch (params_.method) {
     case AnalogyMethod::Identical:
     case AnalogyMethod::IdenticalOrMirrored: {
-        const bool oneToOne = params.method == AnalogyMethod::IdenticalOrMirrored;
-        return Reaches(head.lengths, node.lengths, reach.length, oneToOne) &&
-               Reaches(head.heights, node.heights, reach.height, oneToOne);
+        const bool oneToOne = params_.method == AnalogyMethod::IdenticalOrMirrored;
+        return Reaches(head.lengths, node.lengths, reach_.length, oneToOne) &&
+               Reaches(head.heights, node.heights, reach_.height, oneToOne);
     }
     case AnalogyMethod::Rotated: {
         // |bj.bk - vc.vd| <= |R bj - vc| |bk| + |vc| |R bk - vd|.
-        const double pairReach = params.compareLengths && !params.Tolerant()
+        const double pairReach = params_.compareLengths && !params_.Tolerant()
                                      ? kAgreementNorm * (head.longest + node.longest)
-                                     : reach.pair;
+                                     : reach_.pair;
         return head.compared <= node.compared &&
-               Reaches(head.lengths, node.lengths, reach.length, true) &&
+               Reaches(head.lengths, node.lengths, reach_.length, true) &&
                Reaches(head.pairs, node.pairs, pairReach, true);
     }
     case AnalogyMethod::Any:
         return head.compared <= node.compared &&
-               Reaches(head.lengths, node.lengths, reach.length, true);
+               Reaches(head.lengths, node.lengths, reach_.length, true);
     }
     return true;
 }
