@@ -114,6 +114,12 @@ TEST(WindowUse, TypeLabelsSitOnTheSchemaAtEverySize) {
                 << size.height();
         }
         EXPECT_EQ(shown, 4) << size.width() << "x" << size.height();
+        // Where the side bar's scroll bar lies over the drawing's edge, it covers it to the
+        // drawing's bottom: no sliver of the drawing shows below it.
+        const QRect bar = w.InClient(picture->parentWidget()->parentWidget()->parentWidget());
+        const QRect drawing = w.InClient(w.Disegno());
+        if (bar.left() <= drawing.right())
+            EXPECT_GE(bar.bottom(), drawing.bottom()) << size.width() << "x" << size.height();
     }
     // The side bar, schema included, is whole or scrolls: its bottom is above the status row.
     QWidget *angles = w.Widget("Angolo(0)");

@@ -216,8 +216,11 @@ void MainWindow::SyncSideBar() {
     QWidget *content = sideBar_->widget();
     content->resize(used.right() + 1, used.bottom() + 1);
     constexpr int kGap = 4;
-    const int room = std::max(1, TwipsToPixels(f.Angolo[0], tpp).top() - origin.y() - kGap);
+    int room = std::max(1, TwipsToPixels(f.Angolo[0], tpp).top() - origin.y() - kGap);
     const bool scrolls = content->height() > room;
+    // Its scroll bar lies over the drawing's edge, so it reaches down as far as the drawing does.
+    if (scrolls)
+        room = std::max(room, TwipsToPixels(f.Disegno, tpp).bottom() + 1 - origin.y());
     sideBar_->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     const int bar = scrolls ? sideBar_->verticalScrollBar()->sizeHint().width() : 0;
     sideBar_->setGeometry(origin.x() - bar, origin.y(), content->width() + bar,
