@@ -5,10 +5,6 @@
 namespace vorna {
 namespace {
 
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
-}
-
 // Node labels with their constraint cards, in a smaller text.
 constexpr const char *kLabelOptions = "Rappresentazione\n"
                                       "check CheckTxtNodi 1\n"
@@ -28,7 +24,7 @@ TEST(EndToEndFiles, OptionsDialogWritesTheOptionsFile) {
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.output, "message|INFORMAZIONE|48| Opzioni salvate \n");
     EXPECT_EQ(test::ReadBytes(suite.root() / "custom" / "VorNOpzi.txt"),
-              Expected("labels-VorNOpzi.txt"));
+              test::KeptBytes("e2e/labels-VorNOpzi.txt"));
 }
 
 TEST(EndToEndFiles, RotatedViewWithABaseNodeSavedAsDisAndDxf) {
@@ -49,8 +45,8 @@ TEST(EndToEndFiles, RotatedViewWithABaseNodeSavedAsDisAndDxf) {
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.output, "message|SALVA FILE DISEGNO|64|File " + dis +
                             " salvato.\nmessage|SALVA FILE DXF|64|File " + dxf + " salvato.\n");
-    EXPECT_EQ(test::ReadBytes(suite.job() / "vista.dis"), Expected("rotated-vista.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "Vista.DXF"), Expected("rotated-vista.dxf"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "vista.dis"), test::KeptBytes("e2e/rotated-vista.dis"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "Vista.DXF"), test::KeptBytes("e2e/rotated-vista.dxf"));
 }
 
 // The suite's root in any letter case, with accents, and with either separator ("\" and "/";

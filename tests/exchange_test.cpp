@@ -20,10 +20,6 @@
 namespace vorna {
 namespace {
 
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / name);
-}
-
 std::string KeyLine(std::string_view value, std::string_view key, std::string_view comment = "") {
     std::string out;
     WriteKeyLine(out, value, key, comment);
@@ -81,7 +77,7 @@ TEST(ConnectionFile, ExampleByteForByteAndRefusals) {
     const std::string folder = dir.path().string();
     EXPECT_EQ(WriteConnectionFile(folder, *c.m, c.s, c.input), WriteResult::Written);
     EXPECT_EQ(test::ReadBytes(dir.path() / "Collegamenti.txt"),
-              Expected("collegamenti_example.txt"));
+              test::KeptBytes("collegamenti_example.txt"));
     EXPECT_EQ(WriteConnectionNameFile(folder, *c.m, c.s), WriteResult::Written);
     EXPECT_EQ(test::ReadBytes(dir.path() / "Dati_Coll_3D.txt"), "COLL12\r\n");
     EXPECT_EQ(WriteConnectionFile(folder + "/missing", *c.m, c.s, c.input),
@@ -108,7 +104,8 @@ TEST(ResultFile, TypeListsAndWholeFile) {
     test::TempDir dir;
     EXPECT_EQ(WriteResultFile(dir.path().string(), *c.m, c.s, c.input, texts, ImportMode::Forces),
               WriteResult::Written);
-    EXPECT_EQ(test::ReadBytes(dir.path() / "VornaOut.txt"), Expected("vornaout_example.txt"));
+    EXPECT_EQ(test::ReadBytes(dir.path() / "VornaOut.txt"),
+              test::KeptBytes("vornaout_example.txt"));
     EXPECT_EQ(RangeText({3, 4, 5, 9, 12, 13}), "3-5,9,12-13");
     EXPECT_EQ(RangeText({-4, 0, 2, 2, 3}), "2,2-3");
 }

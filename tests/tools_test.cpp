@@ -47,7 +47,7 @@ void ExpectEveryEndHasANode(const StructureModel &m) {
 TEST(MakeDemoSuite, WritesASuiteTheReadersAccept) {
     test::TempDir dir;
     const fs::path root = dir.path() / "Suite";
-    ASSERT_EQ(RunTool(VORNA_DEMO_TOOL, Quoted(root)), 0);
+    ASSERT_EQ(test::MakeDemoSuite(root), 0);
     const fs::path job = root / "lavori" / "demo01";
 
     for (const fs::path &file :

@@ -549,9 +549,7 @@ TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
 // The demo suite's font, built from the Hershey fonts, read back by the program's loader.
 TEST(StrokeFont, BuiltFontLoadsWithinTheCell) {
     test::TempDir dir;
-    const std::string command =
-        std::string(VORNA_DEMO_TOOL) + " " + dir.path().string() + " >/dev/null";
-    ASSERT_EQ(std::system(command.c_str()), 0);
+    ASSERT_EQ(test::MakeDemoSuite(dir.path()), 0);
     StrokeFont font;
     ASSERT_FALSE(LoadStrokeFont(dir.path().string() + "\\progra", font));
     EXPECT_EQ(font.glyphNarrowing, 0);

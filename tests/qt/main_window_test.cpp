@@ -223,8 +223,7 @@ TEST_F(WindowTest, ClosingTheWindowEndsTheProgramNormally) {
 TEST(QtScriptHost, ResizesAndPhotographsTheWindow) {
     test::TempDir dir;
     const std::string root = (dir.path() / "suite").string();
-    ASSERT_EQ(std::system((std::string(VORNA_DEMO_TOOL) + " '" + root + "' >/dev/null").c_str()),
-              0);
+    ASSERT_EQ(test::MakeDemoSuite(root), 0);
     const auto shot = dir.path() / "shot.png";
     dir.Write("run.script", "resize 20010 12000\nscreenshot " + shot.string() + "\n");
     QtScriptHost host;
