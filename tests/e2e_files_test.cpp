@@ -1,5 +1,6 @@
 // End-to-end: the drawing export and the options file, written by whole runs on the demo job and
-// compared byte for byte; and suite roots as the suite names them on each system.
+// compared byte for byte; suite roots as the suite names them on each system, and a start-up
+// that cannot go on.
 #include "e2e_support.h"
 
 namespace vorna {
@@ -63,8 +64,28 @@ TEST(EndToEndPaths, SuiteRootWithAccentsAndEitherSeparator) {
         EXPECT_NE(r.output.find("rootFolder=" + Cp1252ToUtf8(LowerCase(Utf8ToCp1252(root))) + "\n"),
                   std::string::npos)
             << r.output.substr(0, 300);
-        EXPECT_NE(r.output.find("model points=50 nodes=50 bars=112 shells=14"), std::string::npos);
+        EXPECT_NE(r.output.find("jobName=demo01\n"), std::string::npos);
+        EXPECT_NE(r.output.find("model points=50 nodes=50 bars=112 shells=14 thicknessCards=3\n"),
+                  std::string::npos);
+        EXPECT_NE(r.output.find("section 0 name=HEA200\n"), std::string::npos);
     }
+}
+
+TEST(EndToEndPaths, FatalStartUpEndsWithStatusOneAndMissingStructureDoesNot) {
+    test::DemoSuite suite;
+    suite.Write("impostazioni/lavoro", "demo\r\n");
+    test::RunResult bad = suite.Run("dump folders\n");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.output, "message|ERRORE|48|Errore: file " + LowerCase(suite.rootName()) +
+                              "\\impostazioni\\lavoro errato o mancante\n");
+
+    test::DemoSuite other;
+    std::filesystem::remove(other.job() / "STRUTTUR.STR");
+    test::RunResult missing = other.Run("dump folders\n");
+    EXPECT_EQ(missing.status, 0);
+    EXPECT_NE(missing.output.find("message|Problema|16|Errore nella lettura della struttura\n"),
+              std::string::npos);
+    EXPECT_NE(missing.output.find("jobName=demo01"), std::string::npos);
 }
 
 // A root spelled with capitals beside a folder of the same letters in lower case: the one the
