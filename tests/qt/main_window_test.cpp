@@ -49,10 +49,7 @@ struct WindowTest : testing::Test {
         ADD_FAILURE() << shown.toStdString() << " is not offered";
         return nullptr;
     }
-    // Where a widget is in the client area, pixels, whatever container holds it.
-    QRect InClient(const QWidget *w) {
-        return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
-    }
+    QRect InClient(const QWidget *w) { return test::InClient(window, w); }
     void Send(QWidget *w, QEvent &&event) { QApplication::sendEvent(w, &event); }
     void Mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held) {
         QWidget *disegno = Widget("Disegno");

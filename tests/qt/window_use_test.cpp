@@ -64,10 +64,7 @@ struct DemoWindow {
         ADD_FAILURE() << name << " is not offered";
         return nullptr;
     }
-    // Where a widget is in the client area, whatever container holds it.
-    QRect InClient(const QWidget *w) {
-        return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
-    }
+    QRect InClient(const QWidget *w) { return test::InClient(window, w); }
     // The pixel of Disegno where the node of that name is drawn.
     QPoint NodePixel(int name) {
         const StructureModel &m = program->model;
