@@ -5,10 +5,6 @@
 namespace vorna {
 namespace {
 
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
-}
-
 TEST(EndToEndConnection, PickTypeAddRemoveAndExportTheConnection) {
     test::DemoSuite suite;
     test::RunResult r = suite.Run("NodoBase\n"
@@ -29,9 +25,9 @@ TEST(EndToEndConnection, PickTypeAddRemoveAndExportTheConnection) {
     // ScriColl ends the program: the second dump never runs.
     EXPECT_EQ(r.output.find("analogousListText"), r.output.rfind("analogousListText"));
     EXPECT_EQ(test::ReadBytes(suite.job() / "Collegamenti.txt"),
-              Expected("identical-Collegamenti.txt"));
+              test::KeptBytes("e2e/identical-Collegamenti.txt"));
     EXPECT_EQ(test::ReadBytes(suite.job() / "Dati_Coll_3D.txt"),
-              Expected("identical-Dati_Coll_3D.txt"));
+              test::KeptBytes("e2e/identical-Dati_Coll_3D.txt"));
     EXPECT_FALSE(std::filesystem::exists(suite.job() / "VornaOut.txt"));
 }
 
@@ -45,7 +41,8 @@ TEST(EndToEndConnection, MirroredJointsAndTheGeometryImport) {
                                   "SalvaGeom\n");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.output.find("message|"), std::string::npos) << r.output;
-    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"), Expected("mirrored-VornaOut.txt"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"),
+              test::KeptBytes("e2e/mirrored-VornaOut.txt"));
     EXPECT_FALSE(std::filesystem::exists(suite.job() / "Collegamenti.txt"));
 }
 
@@ -76,7 +73,8 @@ TEST(EndToEndConnection, TurnedJointsAreFoundAndTypedByTheirPairing) {
     EXPECT_EQ(r.status, 0) << r.output;
     // The corner joints of the floor, each turned in plan from node 13's.
     EXPECT_NE(r.output.find("analogousListText=13,24-25,36\n"), std::string::npos) << r.output;
-    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"), Expected("rotated-VornaOut.txt"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "VornaOut.txt"),
+              test::KeptBytes("e2e/rotated-VornaOut.txt"));
 }
 
 TEST(EndToEndConnection, UsingAJointTypeIsDefiningItByHand) {

@@ -8,14 +8,10 @@ namespace {
 // A window size whose drawing is whole pixels, so that every program draws the same view.
 constexpr const char *kSize = "resize 15006 10512\n";
 
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
-}
-
 // The file written against the one kept beside the tests; a difference is shown by its first
 // line, not as the whole file.
 void ExpectFile(const std::filesystem::path &written, const std::string &expected) {
-    const std::string a = test::ReadBytes(written), b = Expected(expected);
+    const std::string a = test::ReadBytes(written), b = test::KeptBytes("e2e/" + expected);
     if (a == b)
         return;
     std::size_t at = 0;

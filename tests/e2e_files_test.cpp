@@ -1,13 +1,10 @@
 // End-to-end: the drawing export and the options file, written by whole runs on the demo job and
-// compared byte for byte; and suite roots as the suite names them on each system.
+// compared byte for byte; suite roots as the suite names them on each system, and a start-up
+// that cannot go on.
 #include "e2e_support.h"
 
 namespace vorna {
 namespace {
-
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "e2e" / name);
-}
 
 // Node labels with their constraint cards, in a smaller text.
 constexpr const char *kLabelOptions = "Rappresentazione\n"
@@ -28,7 +25,7 @@ TEST(EndToEndFiles, OptionsDialogWritesTheOptionsFile) {
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.output, "message|INFORMAZIONE|48| Opzioni salvate \n");
     EXPECT_EQ(test::ReadBytes(suite.root() / "custom" / "VorNOpzi.txt"),
-              Expected("labels-VorNOpzi.txt"));
+              test::KeptBytes("e2e/labels-VorNOpzi.txt"));
 }
 
 TEST(EndToEndFiles, RotatedViewWithABaseNodeSavedAsDisAndDxf) {
@@ -49,8 +46,8 @@ TEST(EndToEndFiles, RotatedViewWithABaseNodeSavedAsDisAndDxf) {
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.output, "message|SALVA FILE DISEGNO|64|File " + dis +
                             " salvato.\nmessage|SALVA FILE DXF|64|File " + dxf + " salvato.\n");
-    EXPECT_EQ(test::ReadBytes(suite.job() / "vista.dis"), Expected("rotated-vista.dis"));
-    EXPECT_EQ(test::ReadBytes(suite.job() / "Vista.DXF"), Expected("rotated-vista.dxf"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "vista.dis"), test::KeptBytes("e2e/rotated-vista.dis"));
+    EXPECT_EQ(test::ReadBytes(suite.job() / "Vista.DXF"), test::KeptBytes("e2e/rotated-vista.dxf"));
 }
 
 // The suite's root in any letter case, with accents, and with either separator ("\" and "/";
@@ -67,8 +64,28 @@ TEST(EndToEndPaths, SuiteRootWithAccentsAndEitherSeparator) {
         EXPECT_NE(r.output.find("rootFolder=" + Cp1252ToUtf8(LowerCase(Utf8ToCp1252(root))) + "\n"),
                   std::string::npos)
             << r.output.substr(0, 300);
-        EXPECT_NE(r.output.find("model points=50 nodes=50 bars=112 shells=14"), std::string::npos);
+        EXPECT_NE(r.output.find("jobName=demo01\n"), std::string::npos);
+        EXPECT_NE(r.output.find("model points=50 nodes=50 bars=112 shells=14 thicknessCards=3\n"),
+                  std::string::npos);
+        EXPECT_NE(r.output.find("section 0 name=HEA200\n"), std::string::npos);
     }
+}
+
+TEST(EndToEndPaths, FatalStartUpEndsWithStatusOneAndMissingStructureDoesNot) {
+    test::DemoSuite suite;
+    suite.Write("impostazioni/lavoro", "demo\r\n");
+    test::RunResult bad = suite.Run("dump folders\n");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.output, "message|ERRORE|48|Errore: file " + LowerCase(suite.rootName()) +
+                              "\\impostazioni\\lavoro errato o mancante\n");
+
+    test::DemoSuite other;
+    std::filesystem::remove(other.job() / "STRUTTUR.STR");
+    test::RunResult missing = other.Run("dump folders\n");
+    EXPECT_EQ(missing.status, 0);
+    EXPECT_NE(missing.output.find("message|Problema|16|Errore nella lettura della struttura\n"),
+              std::string::npos);
+    EXPECT_NE(missing.output.find("jobName=demo01"), std::string::npos);
 }
 
 // A root spelled with capitals beside a folder of the same letters in lower case: the one the

@@ -3,6 +3,7 @@
 // rotation fitted by Gauss-Newton steps); and unticking and ticking nodes against removing and
 // adding them by hand.
 #include "connection/vec3.h"
+#include "connection_support.h"
 #include "e2e_support.h"
 
 #include <algorithm>
@@ -232,27 +233,6 @@ bool LengthsAgree(double a, double b, const Config &cfg) {
                            : std::fabs(a - b) < 1e-4;
 }
 
-// Every pairing of n base bars with distinct bars out of m, in turn.
-template <typename Visit> void EveryPairing(int n, int m, Visit visit) {
-    std::vector<int> pairing;
-    std::vector<bool> used(m);
-    auto walk = [&](auto &self) -> void {
-        if (static_cast<int>(pairing.size()) == n) {
-            visit(pairing);
-            return;
-        }
-        for (int c = 0; c < m; ++c)
-            if (!used[c]) {
-                used[c] = true;
-                pairing.push_back(c);
-                self(self);
-                pairing.pop_back();
-                used[c] = false;
-            }
-    };
-    walk(walk);
-}
-
 struct Checked {
     int rotated = 0, halfTurns = 0, mirrored = 0, any = 0, within = 0;
 };
@@ -319,16 +299,16 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
             largest = std::max(largest, AngleDegrees(Apply(r, u[k]), w[k]));
         // No pairing leaves a smaller largest angle after its own best rotation.
         double best = 1e9;
-        EveryPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
+        test::EachPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
             std::vector<V> to;
             for (std::size_t k = 0; k < n; ++k) {
                 if (!LengthsAgree(lu[k], lens[p[k]], cfg))
-                    return;
+                    return true;
                 // A turn keeps the angles between bars.
                 for (std::size_t j = 0; j < k; ++j)
                     if (std::fabs(AngleDegrees(u[j], u[k]) - AngleDegrees(dirs[p[j]], dirs[p[k]])) >
                         2 * cfg.degrees + 0.01)
-                        return;
+                        return true;
                 to.push_back(dirs[p[k]]);
             }
             const M fit = FitRotation(u, to, *spread);
@@ -336,6 +316,7 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
             for (std::size_t k = 0; k < n; ++k)
                 worst = std::max(worst, AngleDegrees(Apply(fit, u[k]), to[k]));
             best = std::min(best, worst);
+            return true;
         });
         EXPECT_LE(largest, best + 0.001) << where;
         const auto [angle, axis] = AngleAxis(r);
@@ -359,14 +340,15 @@ void CheckLine(const DumpedModel &model, const Config &cfg, const ReviewLine &li
             largest = std::max(largest, AngleDegrees(u[k], w[k]));
         }
         double least = 1e9;
-        EveryPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
+        test::EachPairing(int(n), int(at.size()), [&](const std::vector<int> &p) {
             double s = 0;
             for (std::size_t k = 0; k < n && s < least; ++k) {
                 if (!LengthsAgree(lu[k], lens[p[k]], cfg))
-                    return;
+                    return true;
                 s += AngleDegrees(u[k], dirs[p[k]]);
             }
             least = std::min(least, s);
+            return true;
         });
         EXPECT_NEAR(sum, least, 1e-6) << where;
         EXPECT_EQ(line.how, "any") << where;

@@ -87,9 +87,7 @@ public:
         : root_(dir_.path() / PathFromUtf8(folder)) {
         // The tool takes plain ASCII paths: the suite is made, then given its name.
         const std::filesystem::path made = dir_.path() / "made";
-        std::string command = ShellQuoted(VORNA_DEMO_TOOL) + " " + options + " " +
-                              ShellQuoted(made.string()) + " >/dev/null";
-        EXPECT_EQ(std::system(command.c_str()), 0);
+        EXPECT_EQ(MakeDemoSuite(made, options), 0);
         std::error_code ec;
         std::filesystem::rename(made, root_, ec);
         EXPECT_FALSE(ec) << ec.message();

@@ -21,10 +21,6 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-std::string Expected(const std::string &name) {
-    return test::ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / "export" / name);
-}
-
 // Buffers built by hand: Point returns the index the elements refer to.
 struct Drawing {
     DrawBuffers b;
@@ -130,10 +126,10 @@ TEST(DisFile, ExampleEmptyAndCleanedByteForByte) {
     const auto start = example.Point(0, 0), end = example.Point(10, 5);
     example.Line(start, end, 3);
     SaveDisDrawing((dir.path() / "example.dis").string(), example.b, 0);
-    EXPECT_EQ(test::ReadBytes(dir.path() / "example.dis"), Expected("example.dis"));
+    EXPECT_EQ(test::ReadBytes(dir.path() / "example.dis"), test::KeptBytes("export/example.dis"));
 
     const DrawBuffers empty;
-    EXPECT_EQ(DisFileText(empty, DrawingExtents(empty), 4), Expected("empty.dis"));
+    EXPECT_EQ(DisFileText(empty, DrawingExtents(empty), 4), test::KeptBytes("export/empty.dis"));
 
     // Near coordinates merge (a chain keeps its far end), the copy of an arc and the text of
     // height 0 go, extents are taken before the clean-up.
@@ -150,7 +146,7 @@ TEST(DisFile, ExampleEmptyAndCleanedByteForByte) {
     d.Arc(label, chainEnd, chainEnd, 1);
     d.Arc(label, chainEnd, chainEnd, 2);
     SaveDisDrawing((dir.path() / "cleaned.dis").string(), d.b, 0);
-    EXPECT_EQ(test::ReadBytes(dir.path() / "cleaned.dis"), Expected("cleaned.dis"));
+    EXPECT_EQ(test::ReadBytes(dir.path() / "cleaned.dis"), test::KeptBytes("export/cleaned.dis"));
 }
 
 TEST(DxfFile, LinesTextsArcsAndEmptyByteForByte) {
@@ -161,9 +157,9 @@ TEST(DxfFile, LinesTextsArcsAndEmptyByteForByte) {
     lines.Line(p, q, 3);    // DXF colour 1
     lines.Line(q, o, 0, 2); // black is 18; a dashed line type
     WriteDxf((dir.path() / "lines.dxf").string(), lines.b, false);
-    EXPECT_EQ(test::ReadBytes(dir.path() / "lines.dxf"), Expected("lines.dxf"));
+    EXPECT_EQ(test::ReadBytes(dir.path() / "lines.dxf"), test::KeptBytes("export/lines.dxf"));
     // Monochrome: every colour group says 7, and colour code 1 still writes none.
-    std::string mono = Expected("lines.dxf");
+    std::string mono = test::KeptBytes("export/lines.dxf");
     ReplaceAll(mono, " 62\r\n 1\r\n", " 62\r\n 7\r\n", false);
     ReplaceAll(mono, " 62\r\n 18\r\n", " 62\r\n 7\r\n", false);
     EXPECT_EQ(DxfFileText(lines.b, true), mono);
@@ -179,8 +175,8 @@ TEST(DxfFile, LinesTextsArcsAndEmptyByteForByte) {
     d.Arc(c, q1, q1, 4);
     d.Arc(c, c, c, 4); // radius 0: left out
     d.Arc(c, up, down, 5);
-    EXPECT_EQ(DxfFileText(d.b, false), Expected("texts_arcs.dxf"));
-    EXPECT_EQ(DxfFileText(DrawBuffers{}, false), Expected("empty.dxf"));
+    EXPECT_EQ(DxfFileText(d.b, false), test::KeptBytes("export/texts_arcs.dxf"));
+    EXPECT_EQ(DxfFileText(DrawBuffers{}, false), test::KeptBytes("export/empty.dxf"));
 }
 
 } // namespace

@@ -49,24 +49,6 @@ TEST(DisplayOptions, MissingFileGivesDefaultsShortFileLeavesOptionsUnset) {
     EXPECT_EQ(o(4), 0);
 }
 
-TEST(DisplayOptions, SavedOptionsReadBackTheSameAndFailuresSayMessage5) {
-    test::TempDir dir;
-    DisplayOptions o;
-    SetDefaultDisplayOptions(o);
-    o.values[2] = OptionValue::Of(0.25);
-    EXPECT_EQ(WriteDisplayOptions(dir.path().string(), o), " Opzioni salvate ");
-    std::string bytes = test::ReadBytes(dir.path() / "VorNOpzi.txt");
-    EXPECT_EQ(bytes.substr(0, 15), "1\r\n0.25\r\n1\r\n4\r\n");
-    DisplayOptions back;
-    ReadDisplayOptions(dir.path().string(), back);
-    for (int k = 1; k <= kDisplayOptionCount; ++k) {
-        EXPECT_EQ(back.values[k].kind, o.values[k].kind) << k;
-        EXPECT_EQ(back(k), o(k)) << k;
-    }
-    EXPECT_EQ(WriteDisplayOptions((dir.path() / "none").string(), o),
-              " Problemi nel salvataggio delle opzioni ");
-}
-
 struct Dialogs : ::testing::Test {
     Dialogs() { SetDefaultDisplayOptions(options); }
     test::TempDir dir;

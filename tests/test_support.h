@@ -115,4 +115,19 @@ inline std::string ReadBytes(const std::filesystem::path &p) {
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
+#ifdef VORNA_TEST_DATA
+// A file kept beside the tests (tests/data), by its path below that folder.
+inline std::string KeptBytes(const std::string &relative) {
+    return ReadBytes(std::filesystem::path(VORNA_TEST_DATA) / relative);
+}
+#endif
+
+#ifdef VORNA_DEMO_TOOL
+// Makes the demo suite in the folder root; 0 when the tool succeeded.
+inline int MakeDemoSuite(const std::filesystem::path &root, const std::string &options = "") {
+    return RunCommand("\"" VORNA_DEMO_TOOL "\" " + options + " \"" + root.string() +
+                      "\" >/dev/null");
+}
+#endif
+
 } // namespace vorna::test

@@ -549,9 +549,7 @@ TEST(StrokeFont, GlyphLinesNarrowingAndMessages) {
 // The demo suite's font, built from the Hershey fonts, read back by the program's loader.
 TEST(StrokeFont, BuiltFontLoadsWithinTheCell) {
     test::TempDir dir;
-    const std::string command =
-        std::string(VORNA_DEMO_TOOL) + " " + dir.path().string() + " >/dev/null";
-    ASSERT_EQ(std::system(command.c_str()), 0);
+    ASSERT_EQ(test::MakeDemoSuite(dir.path()), 0);
     StrokeFont font;
     ASSERT_FALSE(LoadStrokeFont(dir.path().string() + "\\progra", font));
     EXPECT_EQ(font.glyphNarrowing, 0);
@@ -661,17 +659,6 @@ TEST(DrawBuffersTest, LimitsWarnOnceThenDrop) {
     AddLineElement(full, 9, 9, 7, 7, 1);
     EXPECT_TRUE(full.lines.empty());
     EXPECT_EQ(full.warnings, std::vector<std::string>{" Numero eccessivo di coordinate "});
-}
-
-TEST(ViewNavigation, WheelStepsAboutTheCentre) {
-    ViewState v; // a step in: see PanWheelPopupAndCoordinateReadout
-    v.zoomWindow = {100, 0, 50, 0};
-    EXPECT_TRUE(WheelZoomWindow(v, -1));
-    ExpectWindow(v.zoomWindow, 110, -10, 55, -5);
-    v.zoomWindow = {};
-    v.shownWindow = {900000, 0, 10, 0}; // from the fit state: the window on screen
-    EXPECT_FALSE(WheelZoomWindow(v, -1));
-    ExpectWindow(v.zoomWindow, 990000, -90000, 11, -1);
 }
 
 // A 100 x 100 square seen at 0, 0, 0 on a square surface: fitted to -11 .. 110.
@@ -810,6 +797,15 @@ TEST(ViewCommands, PanWheelPopupAndCoordinateReadout) {
     Disegno_Mouse(p, {.kind = MouseEvent::Kind::Wheel, .wheelSteps = 1});
     ExpectWindow(p.view.zoomWindow, 90, 10, 90, 10);
     EXPECT_EQ(app.disegno.Of(CanvasCall::SetScale).size(), 1u);
+    // A step out, about the centre too; from the fit state it starts from the window on screen.
+    ViewState v;
+    v.zoomWindow = {100, 0, 50, 0};
+    EXPECT_TRUE(WheelZoomWindow(v, -1));
+    ExpectWindow(v.zoomWindow, 110, -10, 55, -5);
+    v.zoomWindow = {};
+    v.shownWindow = {900000, 0, 10, 0};
+    EXPECT_FALSE(WheelZoomWindow(v, -1));
+    ExpectWindow(v.zoomWindow, 990000, -90000, 11, -1);
 
     app.Click(5, 5, kRightButton);
     EXPECT_EQ(app.ui.popUps, std::vector<std::string>{"Visualizza"});

@@ -49,10 +49,7 @@ struct WindowTest : testing::Test {
         ADD_FAILURE() << shown.toStdString() << " is not offered";
         return nullptr;
     }
-    // Where a widget is in the client area, pixels, whatever container holds it.
-    QRect InClient(const QWidget *w) {
-        return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
-    }
+    QRect InClient(const QWidget *w) { return test::InClient(window, w); }
     void Send(QWidget *w, QEvent &&event) { QApplication::sendEvent(w, &event); }
     void Mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held) {
         QWidget *disegno = Widget("Disegno");
@@ -223,8 +220,7 @@ TEST_F(WindowTest, ClosingTheWindowEndsTheProgramNormally) {
 TEST(QtScriptHost, ResizesAndPhotographsTheWindow) {
     test::TempDir dir;
     const std::string root = (dir.path() / "suite").string();
-    ASSERT_EQ(std::system((std::string(VORNA_DEMO_TOOL) + " '" + root + "' >/dev/null").c_str()),
-              0);
+    ASSERT_EQ(test::MakeDemoSuite(root), 0);
     const auto shot = dir.path() / "shot.png";
     dir.Write("run.script", "resize 20010 12000\nscreenshot " + shot.string() + "\n");
     QtScriptHost host;

@@ -17,4 +17,9 @@ inline QWidget *BoundWidget(const qt::MainWindow &window, const std::string &nam
     return nullptr;
 }
 
+// Where a widget is in the window's client area, pixels, whatever container holds it.
+inline QRect InClient(const qt::MainWindow &window, const QWidget *w) {
+    return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
+}
+
 } // namespace vorna::test

@@ -45,8 +45,7 @@ struct DemoWindow {
 
     DemoWindow(Ui &ui, QSize size) {
         const std::string root = (dir.path() / "suite").string();
-        const std::string make = std::string(VORNA_DEMO_TOOL) + " '" + root + "' >/dev/null";
-        EXPECT_EQ(std::system(make.c_str()), 0);
+        EXPECT_EQ(test::MakeDemoSuite(root), 0);
         window.setAttribute(Qt::WA_DontShowOnScreen);
         window.resize(size);
         window.show();
@@ -65,10 +64,7 @@ struct DemoWindow {
         ADD_FAILURE() << name << " is not offered";
         return nullptr;
     }
-    // Where a widget is in the client area, whatever container holds it.
-    QRect InClient(const QWidget *w) {
-        return {w->mapTo(window.centralWidget(), QPoint()), w->size()};
-    }
+    QRect InClient(const QWidget *w) { return test::InClient(window, w); }
     // The pixel of Disegno where the node of that name is drawn.
     QPoint NodePixel(int name) {
         const StructureModel &m = program->model;
@@ -81,6 +77,12 @@ struct DemoWindow {
             }
         ADD_FAILURE() << "no node " << name;
         return {};
+    }
+    // The mouse moved over Disegno with those buttons held.
+    void MoveOver(QPoint at, Qt::MouseButtons held = Qt::NoButton) {
+        QMouseEvent move(QEvent::MouseMove, at, Disegno()->mapToGlobal(at), Qt::NoButton, held,
+                         Qt::NoModifier);
+        QApplication::sendEvent(Disegno(), &move);
     }
     void ChooseBaseNode(int name) {
         Item("&Scegli nodo base")->trigger();
@@ -118,8 +120,9 @@ TEST(WindowUse, TypeLabelsSitOnTheSchemaAtEverySize) {
         // drawing's bottom: no sliver of the drawing shows below it.
         const QRect bar = w.InClient(picture->parentWidget()->parentWidget()->parentWidget());
         const QRect drawing = w.InClient(w.Disegno());
-        if (bar.left() <= drawing.right())
+        if (bar.left() <= drawing.right()) {
             EXPECT_GE(bar.bottom(), drawing.bottom()) << size.width() << "x" << size.height();
+        }
     }
     // The side bar, schema included, is whole or scrolls: its bottom is above the status row.
     QWidget *angles = w.Widget("Angolo(0)");
@@ -165,12 +168,8 @@ TEST(WindowUse, AMiddleButtonDragKeepsThePointUnderTheCursor) {
     DemoWindow w(ui, {1000, 700});
     const QPoint start = w.NodePixel(18);
     QTest::mousePress(w.Disegno(), Qt::MiddleButton, {}, start);
-    for (int k = 1; k <= 12; ++k) {
-        const QPoint at = start + QPoint(10 * k, 0);
-        QMouseEvent move(QEvent::MouseMove, at, w.Disegno()->mapToGlobal(at), Qt::NoButton,
-                         Qt::MiddleButton, Qt::NoModifier);
-        QApplication::sendEvent(w.Disegno(), &move);
-    }
+    for (int k = 1; k <= 12; ++k)
+        w.MoveOver(start + QPoint(10 * k, 0), Qt::MiddleButton);
     QTest::mouseRelease(w.Disegno(), Qt::MiddleButton, {}, start + QPoint(120, 0));
     const QPoint end = w.NodePixel(18);
     EXPECT_NEAR(end.x(), start.x() + 120, 1);
@@ -277,9 +276,7 @@ TEST(WindowUse, TheStatusRowIsWholeInTheNarrowestWindow) {
             w.Item("&Barra laterale")->trigger();
         w.window.resize(200, 300);
         w.Settle();
-        QMouseEvent move(QEvent::MouseMove, w.NodePixel(18), w.NodePixel(18), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(w.Disegno(), &move);
+        w.MoveOver(w.NodePixel(18));
         EXPECT_FALSE(w.program->form.LabCoord.caption.empty());
         int right = 0;
         for (const char *name : {"FunAttiva", "SottoFunAttiva", "Label6", "LabCoord"}) {
@@ -402,12 +399,8 @@ TEST(WindowUse, ARightDragOrbitsAndARightClickStillPopsUp) {
     const QPoint start = w.NodePixel(18);
     // 100 pixels right and 20 up in four moves, each redrawing the turned view: 50° and 10°.
     QTest::mousePress(w.Disegno(), Qt::RightButton, {}, start);
-    for (int k = 1; k <= 4; ++k) {
-        const QPoint at = start + QPoint(25, -5) * k;
-        QMouseEvent move(QEvent::MouseMove, at, w.Disegno()->mapToGlobal(at), Qt::NoButton,
-                         Qt::RightButton, Qt::NoModifier);
-        QApplication::sendEvent(w.Disegno(), &move);
-    }
+    for (int k = 1; k <= 4; ++k)
+        w.MoveOver(start + QPoint(25, -5) * k, Qt::RightButton);
     QTest::mouseRelease(w.Disegno(), Qt::RightButton, {}, start + QPoint(100, -20));
     EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(0)"))->text(), "40");
     EXPECT_EQ(static_cast<QLineEdit *>(w.Widget("Angolo(1)"))->text(), "80");
@@ -425,17 +418,12 @@ TEST(WindowUse, TheNodeUnderTheRestingCursorIsRingedOverThePicture) {
     auto *disegno = static_cast<SurfaceWidget *>(w.Disegno());
     const qint64 picture = disegno->Canvas().Image().cacheKey();
     const QPoint node = w.NodePixel(18);
-    auto rest = [&](QPoint at) {
-        QMouseEvent move(QEvent::MouseMove, at, disegno->mapToGlobal(at), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(disegno, &move);
-    };
-    rest(node + QPoint(2, 1));
+    w.MoveOver(node + QPoint(2, 1));
     ASSERT_TRUE(disegno->ShownOverlays().hover.has_value());
     EXPECT_NEAR(disegno->ShownOverlays().hover->centre.x(), node.x(), 1);
     EXPECT_NEAR(disegno->ShownOverlays().hover->centre.y(), node.y(), 1);
     EXPECT_EQ(disegno->Canvas().Image().cacheKey(), picture) << "the model was drawn again";
-    rest(QPoint(3, 3));
+    w.MoveOver(QPoint(3, 3));
     EXPECT_FALSE(disegno->ShownOverlays().hover.has_value());
 }
 
